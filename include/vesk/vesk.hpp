@@ -1,0 +1,5 @@
+#pragma once
+
+// The whole public interface of Vesk.
+#include <vesk/export.hpp>
+#include <vesk/zlib.hpp>
