@@ -9,17 +9,13 @@ namespace {
 
 TEST(FRectangle, ExclusiveEdgesAndTheEmptyMarker)
 {
-    const FRectangle def;
-    EXPECT_TRUE(def.IsEmpty());
-    EXPECT_EQ(def.GetSize(), FSize(0.0, 0.0));
+    EXPECT_EQ(FRectangle().GetSize(), FSize(0.0, 0.0));
     const FRectangle r(FPoint(1.5, 2.0), FSize(3.0, 0.0));
     EXPECT_DOUBLE_EQ(r.Right(), 4.5);
     EXPECT_EQ(r.Bottom(), FRECT_EMPTY);
     EXPECT_DOUBLE_EQ(r.Width(), 3.0);
     EXPECT_DOUBLE_EQ(r.Height(), 0.0);
     EXPECT_EQ(r.BottomRight(), FPoint(4.5, 2.0));
-    EXPECT_EQ(FRectangle(0, 0, FRECT_EMPTY, 1).TopRight(), FPoint(0, 0));
-    EXPECT_EQ(FRectangle(0, 0, 2, FRECT_EMPTY).BottomLeft(), FPoint(0, 0));
 }
 
 TEST(FRectangle, ConversionsFromAndToIntegerRectangles)
