@@ -1,5 +1,8 @@
 #pragma once
 
 // The whole public interface of Vesk.
+#include <vesk/containers.hpp>
 #include <vesk/export.hpp>
+#include <vesk/links.hpp>
+#include <vesk/window.hpp>
 #include <vesk/zlib.hpp>
