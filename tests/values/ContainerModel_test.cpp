@@ -35,11 +35,21 @@ public:
             m_aContainer.Insert(p, before);
             break;
         }
-        case 4: Expect(m_aContainer.Remove(), n ? RemoveAt(m_nCur) : nullptr); break;
-        case 5: Expect(m_aContainer.Remove(position), position < n ? RemoveAt(position) : nullptr); break;
+        // The model reads the container's block layout before the removal changes it.
+        case 4: {
+            void* expected = n ? RemoveAt(m_nCur) : nullptr;
+            Expect(m_aContainer.Remove(), expected);
+            break;
+        }
+        case 5: {
+            void* expected = position < n ? RemoveAt(position) : nullptr;
+            Expect(m_aContainer.Remove(position), expected);
+            break;
+        }
         case 6: {
             const auto found = Find(p);
-            Expect(m_aContainer.Remove(p), found != NOTFOUND ? RemoveAt(found) : nullptr);
+            void* expected = found != NOTFOUND ? RemoveAt(found) : nullptr;
+            Expect(m_aContainer.Remove(p), expected);
             break;
         }
         case 7: {
