@@ -110,6 +110,12 @@ TEST(CRectangle, InsideTestsAndClamping)
     EXPECT_EQ(p, TamPoint(0, 9));
 }
 
+TEST(CRectangle, DiagnosticTextPrintsPlainDifferences)
+{
+    EXPECT_EQ(CRectangle(0, 1, 9, 4).GetStr(), "l=0, r=9, t=1, b=4, WID=9, HGT=3");
+    EXPECT_EQ(CRectangle(5, 0, RECT_EMPTY, 0).GetStr(), "l=5, r=-2147483648, t=0, b=0, WID=2147483643, HGT=0");
+}
+
 TEST(CRectangle, IntersectionOfTouchingAndUnorderedRectangles)
 {
     EXPECT_EQ(CRectangle(0, 0, 10, 10).GetIntersection(CRectangle(10, 10, 20, 20)), CRectangle(10, 10, 10, 10));

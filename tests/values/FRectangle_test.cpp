@@ -35,6 +35,11 @@ TEST(FRectangle, ConversionsFromAndToIntegerRectangles)
     EXPECT_EQ(FRectangle(-0.7, -1.5, 0.4, 3e10).GetRectangle(), CRectangle(0, -1, 0, INT32_MIN));
 }
 
+TEST(FRectangle, DiagnosticText)
+{
+    EXPECT_EQ(FRectangle(1, 12345.678, -0.5, 2).GetStr(), "(1.00, 12345.68)/(-0.50, 2.00)");
+}
+
 TEST(FRectangle, MoveToFloorMovesByWholeUnitsWithTolerance)
 {
     FRectangle r(3.995, 7.5, 10, 10);

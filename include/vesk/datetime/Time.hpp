@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vesk/export.hpp>
+#include <vesk/text/SString.hpp>
 
 #include <compare>
 #include <cstdint>
@@ -54,6 +55,8 @@ public:
     Time& operator-=(const Time& t);
     // a <= this <= b on the signed raw values.
     bool IsBetween(const Time& a, const Time& b) const;
+    // "h:m:s:c" from the magnitude, without sign or leading zeros ("1:5:3:7").
+    SString ToString() const;
 
     // Comparison of the signed raw values.
     friend bool operator==(const Time&, const Time&) = default;
