@@ -16,27 +16,16 @@ bool Matches(const char* pattern, const char* name, char16_t separator = 0)
     return WildCard(pattern, separator).Matches(name);
 }
 
-TEST(WildCard, EmptyPatternAndLoneStarMatchEverything)
+TEST(WildCard, WildcardsEscapesAndPatternsThatMatchAlways)
 {
-    EXPECT_TRUE(WildCard().Matches(""));
     EXPECT_TRUE(WildCard() == "x");
     EXPECT_TRUE(WildCard("*", u';').MatchesAlways());
     EXPECT_FALSE(WildCard("**").MatchesAlways());
-    EXPECT_TRUE(Matches("**", ""));
+    EXPECT_FALSE(Matches("1", "a", u'\x01')); // two empty alternatives, so not "always"
     EXPECT_FALSE(Matches("*?", ""));
-    EXPECT_FALSE(Matches("1", "a", u'\x01')); // two empty alternatives: only the whole pattern matches always
-}
-
-TEST(WildCard, StarsQuestionMarksAndEscapes)
-{
-    EXPECT_TRUE(Matches("*.txt", ".txt"));
     EXPECT_FALSE(Matches("*.txt", "a.TXT"));
-    EXPECT_FALSE(Matches("*.txt", "a.txt.bak"));
-    EXPECT_FALSE(Matches("a?c", "ac"));
-    EXPECT_TRUE(Matches("*a*b", "xxaxxb"));
-    EXPECT_TRUE(Matches("*ab", "aab"));
-    EXPECT_TRUE(Matches("a\\*c", "a*c"));
     EXPECT_FALSE(Matches("a\\*c", "abc"));
+    EXPECT_TRUE(Matches("a\\*c", "a*c"));
     EXPECT_TRUE(Matches("a\\bc", "a\\bc"));
     EXPECT_TRUE(Matches("a\\", "a\\"));
     EXPECT_TRUE(Matches("\\\\*", "\\*"));
@@ -45,22 +34,15 @@ TEST(WildCard, StarsQuestionMarksAndEscapes)
 
 TEST(WildCard, AlternativesSplitAtTheDecimalCodeAndLoseOneByte)
 {
-    EXPECT_FALSE(Matches("*.txt;*.doc", "a.doc", u';'));
     EXPECT_FALSE(Matches("*.txt;*.doc", "a.txt", u';'));
     EXPECT_TRUE(Matches("*.txt;*.doc", "a.txt;x.doc", u';'));
     EXPECT_TRUE(Matches("*.txt59*.doc", "a.txt", u';'));
     EXPECT_TRUE(Matches("*.txt59*.doc", "9a.doc", u';'));
+    EXPECT_FALSE(Matches("*.txt59*.doc", "a.doc", u';'));
     EXPECT_TRUE(Matches("*.c53*.h", "x.c", u'5'));
     EXPECT_FALSE(Matches("*.c53*.h", "y.h", u'5'));
-    EXPECT_TRUE(Matches("*.c53*.h", "3y.h", u'5'));
     EXPECT_TRUE(Matches("x65535y", "5535y", u'\xFFFF'));
-    EXPECT_FALSE(Matches("x65535y", "y", u'\xFFFF'));
     EXPECT_TRUE(Matches("x1", "", u'\x01')); // an empty last alternative matches the empty name
-    EXPECT_TRUE(Matches("a1b1c", "c", u'\x01'));
-}
-
-TEST(WildCard, PatternCanBeReplacedKeepingTheSeparator)
-{
     WildCard w(SString("*.c"), u'\x01');
     w = SString("*.h1*.txt");
     EXPECT_EQ(w(), "*.h1*.txt");
