@@ -1,15 +1,11 @@
 #include "platform/codepage.hpp"
 
-#include <cerrno>
-#include <cstring>
 #include <iconv.h>
 #include <string>
 
 namespace vesk::platform {
 
 namespace {
-
-enum Direction { kDecode = 0, kEncode = 1 };
 
 struct PageName {
     unsigned int codePage;
@@ -22,8 +18,17 @@ constexpr PageName kPages[] = {
     {1253, "WINDOWS-1253"}, {1254, "WINDOWS-1254"}, {65001, "UTF-8"},
 };
 constexpr int kPageCount = sizeof(kPages) / sizeof(kPages[0]);
+// The encodings a descriptor converts between: the pages, then UTF-16 in native byte order.
+constexpr int kUtf16 = kPageCount;
+constexpr int kEncodingCount = kPageCount + 1;
 
-constexpr const char* kUtf16 = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__ ? "UTF-16LE" : "UTF-16BE";
+const char* IconvName(int encoding)
+{
+    if (encoding == kUtf16)
+        return __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__ ? "UTF-16LE" : "UTF-16BE";
+    return kPages[encoding].iconvName;
+}
+
 const iconv_t kNoDescriptor = reinterpret_cast<iconv_t>(-1);
 
 int PageIndex(unsigned int codePage)
@@ -45,20 +50,19 @@ public:
     DescriptorCache& operator=(const DescriptorCache&) = delete;
     ~DescriptorCache()
     {
-        for (auto& page : m_entries)
-            for (auto& entry : page)
+        for (auto& row : m_entries)
+            for (auto& entry : row)
                 if (entry.descriptor != kNoDescriptor)
                     iconv_close(entry.descriptor);
     }
 
-    iconv_t Get(int page, Direction direction)
+    iconv_t Get(int from, int to)
     {
-        Entry& entry = m_entries[page][direction];
+        Entry& entry = m_entries[from][to];
         if (!entry.opened) {
             // A descriptor that cannot be opened is not tried again in this thread.
             entry.opened = true;
-            entry.descriptor = direction == kDecode ? iconv_open(kUtf16, kPages[page].iconvName)
-                                                    : iconv_open(kPages[page].iconvName, kUtf16);
+            entry.descriptor = iconv_open(IconvName(to), IconvName(from));
         }
         return entry.descriptor;
     }
@@ -68,7 +72,7 @@ private:
         iconv_t descriptor = kNoDescriptor;
         bool opened = false;
     };
-    Entry m_entries[kPageCount][2];
+    Entry m_entries[kEncodingCount][kEncodingCount];
 };
 
 thread_local DescriptorCache t_descriptors;
@@ -90,17 +94,15 @@ long Run(iconv_t descriptor, const char* in, size_t inBytes, char* out, size_t o
 }
 
 template <typename From, typename To>
-int Convert(Direction direction, unsigned int codePage, const From* src, int srcLength, To* dst,
-    int dstSize)
+int Convert(int from, int to, const From* src, int srcLength, To* dst, int dstSize)
 {
-    const int page = PageIndex(codePage);
-    if (page < 0 || src == nullptr || dst == nullptr || dstSize <= 0 || srcLength < -1)
+    if (from < 0 || to < 0 || src == nullptr || dst == nullptr || dstSize <= 0 || srcLength < -1)
         return 0;
     const size_t units = srcLength == -1 ? std::char_traits<From>::length(src) + 1
                                          : static_cast<size_t>(srcLength);
     if (units == 0)
         return 0;
-    const iconv_t descriptor = t_descriptors.Get(page, direction);
+    const iconv_t descriptor = t_descriptors.Get(from, to);
     if (descriptor == kNoDescriptor)
         return 0;
     const long written = Run(descriptor, reinterpret_cast<const char*>(src), units * sizeof(From),
@@ -115,13 +117,19 @@ int Convert(Direction direction, unsigned int codePage, const From* src, int src
 int MultiByteToWide(unsigned int codePage, const char* src, int srcLength, char16_t* dst,
     int dstSize)
 {
-    return Convert(kDecode, codePage, src, srcLength, dst, dstSize);
+    return Convert(PageIndex(codePage), kUtf16, src, srcLength, dst, dstSize);
 }
 
 int WideToMultiByte(unsigned int codePage, const char16_t* src, int srcLength, char* dst,
     int dstSize)
 {
-    return Convert(kEncode, codePage, src, srcLength, dst, dstSize);
+    return Convert(kUtf16, PageIndex(codePage), src, srcLength, dst, dstSize);
+}
+
+int MultiByteToMultiByte(unsigned int fromPage, const char* src, int srcLength,
+    unsigned int toPage, char* dst, int dstSize)
+{
+    return Convert(PageIndex(fromPage), PageIndex(toPage), src, srcLength, dst, dstSize);
 }
 
 } // namespace vesk::platform

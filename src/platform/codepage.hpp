@@ -6,7 +6,7 @@
 // Windows-1252; 1250 to 1254 are the Windows sets of those numbers; 65001 is UTF-8. Any other
 // number fails.
 //
-// Both functions follow one contract:
+// The functions follow one contract:
 // - srcLength -1 converts the zero-terminated source including its zero, and the count
 //   returned then includes the zero; a srcLength >= 0 converts exactly that many units.
 // - The result is the number of units written to dst; 0 means failure: a null or empty source,
@@ -33,5 +33,10 @@ VESK_API int MultiByteToWide(unsigned int codePage, const char* src, int srcLeng
 // Encodes UTF-16 text in codePage; returns the bytes written, 0 on failure.
 VESK_API int WideToMultiByte(unsigned int codePage, const char16_t* src, int srcLength, char* dst,
     int dstSize);
+
+// Converts text from one code page to another in one pass, with the result that decoding to
+// UTF-16 and encoding that would give; returns the bytes written, 0 on failure.
+VESK_API int MultiByteToMultiByte(unsigned int fromPage, const char* src, int srcLength,
+    unsigned int toPage, char* dst, int dstSize);
 
 } // namespace vesk::platform

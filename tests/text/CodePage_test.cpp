@@ -96,6 +96,19 @@ TEST(CodePage, FailsWithZero)
     EXPECT_EQ(EncodeAll(1251, u"\u00E9").size(), 0u);
 }
 
+TEST(CodePage, ConvertsBetweenPagesInOnePass)
+{
+    char out[16];
+    EXPECT_EQ(vesk::platform::MultiByteToMultiByte(1252, "\xE9\x80", -1, 65001, out, sizeof out), 6);
+    EXPECT_EQ(std::string(out, 6), std::string("\xC3\xA9\xE2\x82\xAC\0", 6));
+    EXPECT_EQ(vesk::platform::MultiByteToMultiByte(65001, "\xCE\x98", 2, 1253, out, sizeof out), 1);
+    EXPECT_EQ(out[0], '\xC8');
+    // Either half failing fails the whole: an undefined byte, a character the target lacks.
+    EXPECT_EQ(vesk::platform::MultiByteToMultiByte(1252, "\x81", 1, 65001, out, sizeof out), 0);
+    EXPECT_EQ(vesk::platform::MultiByteToMultiByte(1251, "\xC6", 1, 1252, out, sizeof out), 0);
+    EXPECT_EQ(vesk::platform::MultiByteToMultiByte(1252, "\xE9", 1, 65001, out, 1), 0);
+}
+
 TEST(CodePage, FailureLeavesNoStateForTheNextCall)
 {
     // A truncated sequence and a full output buffer must not leak into the next conversion.
