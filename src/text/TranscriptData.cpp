@@ -1,6 +1,9 @@
 #include "text/TranscriptData_p.hpp"
 
+#include "platform/codepage.hpp"
+
 #include <initializer_list>
+#include <string>
 #include <utility>
 
 namespace vesk {
@@ -87,6 +90,17 @@ bool IsTranscriptText(const TranscriptData* data, const char* text, uint32_t len
         previous = c;
     }
     return letters != 0 && letters > length / 2;
+}
+
+bool IsTranscriptWide(const TranscriptData* data, std::u16string_view text)
+{
+    if (data == nullptr || !data->IsTranscript() || text.empty())
+        return false;
+    // The transcript code pages are single-byte: one byte per unit.
+    std::string bytes(text.size(), '\0');
+    const int n = platform::WideToMultiByte(data->GetCodePage(), text.data(),
+        static_cast<int>(text.size()), bytes.data(), static_cast<int>(bytes.size()));
+    return n != 0 && IsTranscriptText(data, bytes.data(), static_cast<uint32_t>(n));
 }
 
 } // namespace vesk::detail

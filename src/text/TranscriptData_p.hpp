@@ -5,6 +5,7 @@
 #include <vesk/text/TranscriptData.hpp>
 
 #include <cstdint>
+#include <string_view>
 
 namespace vesk::detail {
 
@@ -15,5 +16,9 @@ VESK_API const TranscriptData* CurrentTranscriptData();
 // script, where a letter repeating the byte before it does not count. False for null data or
 // data without a transcript language.
 VESK_API bool IsTranscriptText(const TranscriptData* data, const char* text, uint32_t length);
+
+// The same for UTF-16 text, read in the transcript code page; text that the code page cannot
+// hold is not transcript text.
+VESK_API bool IsTranscriptWide(const TranscriptData* data, std::u16string_view text);
 
 } // namespace vesk::detail

@@ -3,6 +3,7 @@
 // The library's 8-bit character sets and the conversions between them.
 
 #include <vesk/export.hpp>
+#include <vesk/text/SString.hpp>
 
 #include <cstdint>
 
@@ -22,9 +23,6 @@ enum CharSet : int {
     CHARSET_SYSTEM = 9,    // the system's set, GetSystemCharSet()
     CHARSET_NONE = 10,     // no conversion is done
 };
-
-// Line-end conventions: CR alone, LF alone, CR followed by LF.
-enum LineEnd : int { LINEEND_CR = 0, LINEEND_LF = 1, LINEEND_CRLF = 2 };
 
 // Converts the zero-terminated text in place from one character set to another.
 VESK_API void ImpStringConvert(char* text, CharSet from, CharSet to);

@@ -1,0 +1,143 @@
+#include <vesk/text.hpp>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+using namespace vesk;
+
+namespace {
+
+std::u16string Text(const UString& s)
+{
+    return std::u16string(static_cast<const char16_t*>(s), s.Len());
+}
+
+} // namespace
+
+TEST(UStringCompare, OperatorsOrderByUnits)
+{
+    const UString abc(u"abc");
+    EXPECT_TRUE(abc == UString(u"abc"));
+    EXPECT_TRUE(abc == u"abc");
+    EXPECT_TRUE(u"abc" == abc);
+    EXPECT_TRUE(abc != u"ab");
+    EXPECT_TRUE(abc < u"abd");
+    EXPECT_TRUE(abc < UString(u"\u00E9"));
+    EXPECT_TRUE(UString(u"\uFFFF") > UString(u"\u00E9"));
+    EXPECT_TRUE(abc <= abc);
+    EXPECT_TRUE(abc >= u"ab");
+    EXPECT_TRUE(u"b" > abc);
+    EXPECT_TRUE(abc == abc);
+    // Equal lengths compare up to the first zero.
+    EXPECT_TRUE(UString(std::u16string(u"a\0b", 3)) == UString(std::u16string(u"a\0c", 3)));
+}
+
+TEST(UStringCompare, NullTextRules)
+{
+    const char16_t* null = nullptr;
+    const UString empty;
+    const UString full(u"x");
+    EXPECT_TRUE(empty == null);
+    EXPECT_TRUE(empty != null);
+    EXPECT_FALSE(full == null);
+    EXPECT_FALSE(full != null);
+    EXPECT_FALSE(empty < null);
+    EXPECT_TRUE(empty <= null);
+    EXPECT_TRUE(empty > null);
+    EXPECT_FALSE(full > null);
+    EXPECT_TRUE(full >= null);
+    EXPECT_FALSE(empty >= null);
+}
+
+TEST(UStringCompare, CompareAndICompare)
+{
+    const UString abc(u"abc");
+    EXPECT_EQ(abc.Compare(u"abd"), COMPARE_LESS);
+    EXPECT_EQ(abc.Compare(UString(u"abc")), COMPARE_EQUAL);
+    EXPECT_EQ(UString(u"b").Compare(u"a"), COMPARE_GREATER);
+    EXPECT_EQ(UString(u"abX").Compare(u"abY", 2), COMPARE_EQUAL);
+    EXPECT_EQ(abc.Compare(u"ab"), COMPARE_GREATER);
+    EXPECT_EQ(abc.ICompare(u"ABC"), COMPARE_EQUAL);
+    EXPECT_EQ(abc.ICompare(UString(u"ABD")), COMPARE_LESS);
+    EXPECT_EQ(abc.ICompare(u"ABx", 2), COMPARE_EQUAL);
+    EXPECT_TRUE(abc.NoCaseEqual(u"AbC"));
+    EXPECT_FALSE(abc.NoCaseEqual(u"AbCd"));
+    EXPECT_TRUE(abc.EndsOn(u"bc"));
+    EXPECT_FALSE(abc.EndsOn(u""));
+    EXPECT_FALSE(abc.EndsOn(u"xabc"));
+}
+
+TEST(UStringCompare, MatchAndIMatch)
+{
+    EXPECT_EQ(UString(u"abc").Match(u"abd"), 2u);
+    EXPECT_EQ(UString(u"ab").Match(UString(u"abc")), STRING_MATCH);
+    EXPECT_EQ(UString(u"abc").Match(u"ab"), 2u);
+    EXPECT_EQ(UString().Match(u"x"), STRING_MATCH);
+    EXPECT_EQ(UString(u"abc").IMatch(u"AB"), STRING_MATCH);
+    EXPECT_EQ(UString(u"abc").IMatch(u"Ax"), 0u);
+    EXPECT_EQ(UString(u"abc").IMatch(u""), STRING_MATCH);
+}
+
+TEST(UStringSearch, ForwardAndBackward)
+{
+    const UString s(u"abcabc");
+    EXPECT_EQ(s.Search(u"bc"), 1u);
+    EXPECT_EQ(s.Search(UString(u"bc"), 2), 4u);
+    EXPECT_EQ(s.Search(u'c', 2), 2u);
+    EXPECT_EQ(s.Search(u""), STRING_NOTFOUND);
+    EXPECT_EQ(s.Search(u"a", 6), STRING_NOTFOUND);
+    EXPECT_EQ(s.Search(u"cabcx"), STRING_NOTFOUND);
+    EXPECT_EQ(s.NoCaseSearch(u"CA"), 2u);
+    EXPECT_EQ(s.SearchBackward(u"abc", 5), 3u);
+    EXPECT_EQ(s.SearchBackward(u"abc", 2), 0u);
+    EXPECT_EQ(s.SearchBackward(u"abc", 6), STRING_NOTFOUND);
+    EXPECT_EQ(s.SearchFromEnd(u"ab"), 3u);
+    EXPECT_EQ(s.SearchFromEnd(u'a'), 3u);
+    EXPECT_EQ(s.SearchFromEnd(u"A"), STRING_NOTFOUND);
+    EXPECT_EQ(s.SearchFromEnd(u"abcabcd"), STRING_NOTFOUND);
+}
+
+TEST(UStringTokens, CountPositionAndText)
+{
+    const UString s(u"a,,b");
+    EXPECT_EQ(s.GetTokenCount(u','), 3u);
+    EXPECT_EQ(s.GetToken(1, u',').Len(), 0u);
+    EXPECT_EQ(Text(s.GetToken(2, u',')), u"b");
+    EXPECT_EQ(s.GetToken(3, u',').Len(), 0u);
+    EXPECT_EQ(UString().GetTokenCount(u','), 0u);
+    EXPECT_EQ(UString(u"a").GetTokenCount(u','), 1u);
+    EXPECT_EQ(UString(u"a,b,").GetTokenPos(2, u','), 0u);
+    EXPECT_EQ(UString(u"a,b").GetTokenPos(1, u','), 2u);
+    EXPECT_EQ(UString(u"a,b").GetTokenPos(5, u','), 0u);
+    const std::vector<UString> tokens = UString(u" a , b ,  ").GetAllTokens(u',');
+    ASSERT_EQ(tokens.size(), 3u);
+    EXPECT_EQ(Text(tokens[0]), u"a");
+    EXPECT_EQ(Text(tokens[1]), u"b");
+    EXPECT_EQ(tokens[2].Len(), 0u);
+    EXPECT_TRUE(UString().GetAllTokens(u',').empty());
+}
+
+TEST(UStringClassify, AsciiClassesOnly)
+{
+    EXPECT_TRUE(UString().IsAlpha());
+    EXPECT_TRUE(UString(u"abZ").IsAlpha());
+    EXPECT_FALSE(UString(u"\u00E9").IsAlpha());
+    EXPECT_TRUE(UString(u"a1").IsAlphaNumeric());
+    EXPECT_FALSE(UString(u"-1").IsNumeric());
+    EXPECT_TRUE(UString(u"-").IsNumber());
+    EXPECT_TRUE(UString(u"-12").IsNumber());
+    EXPECT_FALSE(UString(u"1-2").IsNumber());
+    EXPECT_TRUE(UString(u"a1").IsLower());
+    EXPECT_FALSE(UString(u"aB").IsLower());
+    EXPECT_TRUE(UString(u"A1\u00E9").IsUpper());
+}
+
+TEST(UStringListBuffer, AppendsEntriesUntilTheEmptyOne)
+{
+    char16_t buffer[16] = {};
+    UString(u"ab").AddToStringListBuffer(buffer);
+    UString(u"c").AddToStringListBuffer(buffer);
+    EXPECT_EQ(std::u16string(buffer, 6), std::u16string(u"ab\0c\0\0", 6));
+}
