@@ -43,6 +43,13 @@ char16_t UpperCase(char16_t c) noexcept
     return OneUnit(c, locale ? towupper_l(c, locale) : towupper(c));
 }
 
+std::u16string Lowered(std::u16string_view text)
+{
+    std::u16string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), LowerCase);
+    return lower;
+}
+
 int CompareTexts(std::u16string_view a, std::u16string_view b, size_t n, bool noCase) noexcept
 {
     for (size_t i = 0; i < n; ++i) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstddef>
+#include <cstdlib>
 #include <cstdio>
 #include <cstring>
 #include <optional>
@@ -38,17 +39,31 @@ private:
     bool Convert(const Spec& spec);
     bool Number(const Spec& spec);
     void Text(const Spec& spec, std::u16string_view text);
+    void CutToLimit()
+    {
+        if (m_out.size() > USTRING_MAXLEN)
+            m_out.resize(USTRING_MAXLEN);
+    }
 
     va_list m_args;
     std::u16string m_out;
 };
 
+// Widths and precisions beyond the length limit only add text that is cut off, so they are
+// held just past it.
+constexpr int kLargestField = static_cast<int>(USTRING_MAXLEN) + 1;
+
 int ParseNumber(const char16_t*& p)
 {
     int n = 0;
-    while (*p >= u'0' && *p <= u'9' && n < 100000)
-        n = n * 10 + (*p++ - u'0');
+    while (*p >= u'0' && *p <= u'9')
+        n = std::min(n * 10 + (*p++ - u'0'), kLargestField);
     return n;
+}
+
+bool IsFlag(char16_t c)
+{
+    return c == u'-' || c == u'+' || c == u' ' || c == u'#' || c == u'0';
 }
 
 bool TakesWideText(const std::string& length, bool upper)
@@ -76,9 +91,10 @@ std::optional<std::u16string> WideFormatter::Run(const char16_t* format)
         Spec spec;
         if (!ParseSpec(p, spec) || !Convert(spec))
             return std::nullopt;
+        // Cut as it goes, so that many wide fields cannot pile up.
+        CutToLimit();
     }
-    if (m_out.size() > USTRING_MAXLEN)
-        m_out.resize(USTRING_MAXLEN);
+    CutToLimit();
     return std::move(m_out);
 }
 
@@ -86,15 +102,15 @@ std::optional<std::u16string> WideFormatter::Run(const char16_t* format)
 // points at.
 bool WideFormatter::ParseSpec(const char16_t*& p, Spec& spec)
 {
-    while (*p != 0 && std::strchr("-+ #0", static_cast<char>(*p)) != nullptr && *p < 0x80)
+    while (IsFlag(*p))
         spec.flags += static_cast<char>(*p++);
     if (*p == u'*') {
         ++p;
-        spec.width = va_arg(m_args, int);
-        if (spec.width < 0) {
+        // A negative width asks for left alignment.
+        const int width = va_arg(m_args, int);
+        if (width < 0)
             spec.flags += '-';
-            spec.width = spec.width == INT32_MIN ? INT32_MAX : -spec.width;
-        }
+        spec.width = static_cast<int>(std::min<int64_t>(std::abs(int64_t(width)), kLargestField));
     } else if (*p >= u'0' && *p <= u'9') {
         spec.width = ParseNumber(p);
     }
@@ -103,7 +119,7 @@ bool WideFormatter::ParseSpec(const char16_t*& p, Spec& spec)
         if (*p == u'*') {
             ++p;
             // A negative precision counts as none.
-            spec.precision = std::max(va_arg(m_args, int), -1);
+            spec.precision = std::clamp(va_arg(m_args, int), -1, kLargestField);
         } else {
             spec.precision = ParseNumber(p);
         }

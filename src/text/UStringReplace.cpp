@@ -15,28 +15,45 @@ char16_t AsciiLower(char16_t c)
     return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
 }
 
-// Replaces the occurrences of `what` found from the positions in [start, end) whose character
-// equals the pattern's first one. The search from such a position runs to the end of the
-// text, so a match may start beyond `end`; a result past USTRING_MAXLEN is cut.
-std::u16string ReplacePhrases(std::u16string text, std::u16string_view what,
+// Replaces the occurrences of `what` found from the positions in [start, end) of the changing
+// text whose character equals the pattern's first one, continuing after each inserted `with`.
+// The search from such a position runs to the end of the text, so a match may start beyond
+// `end`; a text past USTRING_MAXLEN is cut. The result is built in one pass over the original:
+// everything before the position reached is final, everything after it is still original.
+std::u16string ReplacePhrases(std::u16string_view text, std::u16string_view what,
     std::u16string_view with, int start, int64_t end, bool noCase)
 {
+    // Case-insensitive matches are found in lowered copies, which keep every position.
+    const std::u16string lowered = noCase ? detail::Lowered(text) : std::u16string();
+    const std::u16string_view searched = noCase ? std::u16string_view(lowered) : text;
+    const std::u16string loweredWhat = noCase ? detail::Lowered(what) : std::u16string();
+    const std::u16string_view pattern = noCase ? std::u16string_view(loweredWhat) : what;
     const char16_t first = noCase ? AsciiLower(what[0]) : what[0];
-    for (int64_t i = std::max(start, 0); i < std::min<int64_t>(end, text.size());) {
-        const char16_t c = noCase ? AsciiLower(text[i]) : text[i];
-        if (c != first) {
+
+    std::u16string out;
+    size_t copied = 0;         // text before this is in `out`
+    size_t kept = text.size(); // text from this on was cut off
+    for (int64_t i = start; i < std::min<int64_t>(end, out.size() + kept - copied);) {
+        const size_t k = copied + static_cast<size_t>(i - static_cast<int64_t>(out.size()));
+        if ((noCase ? AsciiLower(text[k]) : text[k]) != first) {
             ++i;
             continue;
         }
-        const uint32_t p = detail::FindText(text, what, static_cast<uint32_t>(i), noCase);
+        const uint32_t p = detail::FindText(searched.substr(0, kept), pattern,
+            static_cast<uint32_t>(k), false);
         if (p == STRING_NOTFOUND)
             break;
-        text.replace(p, what.size(), with);
-        if (text.size() > USTRING_MAXLEN)
-            text.resize(USTRING_MAXLEN);
-        i = static_cast<int64_t>(p) + static_cast<int64_t>(with.size());
+        out.append(text.substr(copied, p - copied)).append(with);
+        copied = p + what.size();
+        if (out.size() >= USTRING_MAXLEN) {
+            out.resize(USTRING_MAXLEN);
+            kept = copied;
+        } else {
+            kept = std::min(kept, copied + (USTRING_MAXLEN - out.size()));
+        }
+        i = static_cast<int64_t>(out.size());
     }
-    return text;
+    return out.append(text.substr(copied, kept - copied));
 }
 
 // The record is replaced only when the text changed.
@@ -52,10 +69,11 @@ void UString::ReplaceAllPhrases(const UString& what, const UString& with, int st
 {
     const UStringRef pattern(what);
     const UStringRef replacement(with);
-    if (pattern.Len() == 0)
+    // A negative start changes nothing.
+    if (pattern.Len() == 0 || start < 0)
         return;
     Locked self(*this);
-    AssignChanged(self, ReplacePhrases(std::u16string(self.View()), pattern.View(), replacement.View(),
+    AssignChanged(self, ReplacePhrases(self.View(), pattern.View(), replacement.View(),
         start, static_cast<int64_t>(start) + count, false));
 }
 
@@ -63,10 +81,11 @@ void UString::ReplaceAllPhrases(const UString& what, const UString& with, int st
 {
     const UStringRef pattern(what);
     const UStringRef replacement(with);
-    if (pattern.Len() == 0)
+    // A negative start changes nothing.
+    if (pattern.Len() == 0 || start < 0)
         return;
     Locked self(*this);
-    AssignChanged(self, ReplacePhrases(std::u16string(self.View()), pattern.View(), replacement.View(),
+    AssignChanged(self, ReplacePhrases(self.View(), pattern.View(), replacement.View(),
         start, kToTheEnd, false));
 }
 
@@ -74,10 +93,11 @@ void UString::ReplaceAllPhrasesI(const UString& what, const UString& with, int s
 {
     const UStringRef pattern(what);
     const UStringRef replacement(with);
-    if (pattern.Len() == 0)
+    // A negative start changes nothing.
+    if (pattern.Len() == 0 || start < 0)
         return;
     Locked self(*this);
-    AssignChanged(self, ReplacePhrases(std::u16string(self.View()), pattern.View(), replacement.View(),
+    AssignChanged(self, ReplacePhrases(self.View(), pattern.View(), replacement.View(),
         start, kToTheEnd, true));
 }
 

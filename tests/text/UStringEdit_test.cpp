@@ -178,12 +178,30 @@ TEST(UStringReplace, Phrases)
     s = u"One one ONE";
     s.ReplaceAllPhrasesI(u"one", u"1");
     EXPECT_EQ(Text(s), u"1 1 1");
+    s = u"aa";
+    s.ReplaceAllPhrases(u"a", u"b", -1, 5);
+    s.ReplaceAllPhrases(u"a", u"b", 0, 0);
+    EXPECT_EQ(Text(s), u"aa");
     s = u"aaa";
     s.ReplaceAllPhrases2(u"a", u"bb");
     EXPECT_EQ(Text(s), u"bbbbbb");
     s.ReplaceAllPhrases2(u"", u"x");
     s.ReplaceAllPhrases(u"", u"x", 0);
     EXPECT_EQ(Text(s), u"bbbbbb");
+}
+
+TEST(UStringReplace, ManyPhrasesUpToTheLengthLimit)
+{
+    // Every replacement that would pass the limit cuts the text, tail first.
+    UString s(std::u16string(USTRING_MAXLEN - 2, u'a'));
+    s.ReplaceAllPhrasesI(u"A", u"xy");
+    EXPECT_EQ(s.Len(), USTRING_MAXLEN);
+    EXPECT_EQ(s.Search(u"a"), STRING_NOTFOUND);
+    EXPECT_EQ(s[static_cast<int>(USTRING_MAXLEN - 1)], u'y');
+    s = std::u16string(1000, u'a').c_str();
+    s.ReplaceAllPhrases(u"aa", u"b", 0, 10);
+    EXPECT_EQ(s.Len(), 990u); // ten starts in [0, 10) of the changing text
+    EXPECT_EQ(Text(s.Copy(8, 3)), u"bba");
 }
 
 TEST(UStringLineEnds, EveryEndBecomesTheTarget)

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -97,6 +98,48 @@ TEST(UStringSearch, ForwardAndBackward)
     EXPECT_EQ(s.SearchFromEnd(u'a'), 3u);
     EXPECT_EQ(s.SearchFromEnd(u"A"), STRING_NOTFOUND);
     EXPECT_EQ(s.SearchFromEnd(u"abcabcd"), STRING_NOTFOUND);
+}
+
+// wcsncmp at one start: a zero in both texts ends the comparison.
+bool NaiveStandsAt(const std::u16string& text, const std::u16string& what, size_t p)
+{
+    for (size_t i = 0; i < what.size(); ++i) {
+        if (text[p + i] != what[i])
+            return false;
+        if (what[i] == 0)
+            return true;
+    }
+    return true;
+}
+
+TEST(UStringSearch, AgreesWithAPlainScanOnRandomTexts)
+{
+    std::mt19937 random(7);
+    auto make = [&random](size_t n) {
+        std::u16string s;
+        for (size_t i = 0; i < n; ++i)
+            s += u"ab\0"[random() % 3];
+        return s;
+    };
+    for (int round = 0; round < 2000; ++round) {
+        const std::u16string text = make(random() % 12);
+        const std::u16string what = make(1 + random() % 3);
+        const unsigned int from = random() % 12;
+        unsigned int forward = STRING_NOTFOUND, backward = STRING_NOTFOUND, last = STRING_NOTFOUND;
+        for (size_t p = 0; p + what.size() <= text.size(); ++p) {
+            if (!NaiveStandsAt(text, what, p))
+                continue;
+            if (p >= from && forward == STRING_NOTFOUND)
+                forward = static_cast<unsigned int>(p);
+            if (p <= from && from < text.size())
+                backward = static_cast<unsigned int>(p);
+            last = static_cast<unsigned int>(p);
+        }
+        const UString s(text);
+        ASSERT_EQ(s.Search(UString(what), from), forward) << round;
+        ASSERT_EQ(s.SearchBackward(UString(what), from), backward) << round;
+        ASSERT_EQ(s.SearchFromEnd(UString(what)), last) << round;
+    }
 }
 
 TEST(UStringTokens, CountPositionAndText)

@@ -210,7 +210,9 @@ public:
     void ReplaceAllChars(char16_t from, char16_t to);
     // The same with a widened `to`.
     void ReplaceAllChars(char16_t from, char to);
-    // Replaces the occurrences of `what` whose first character lies in [start, start + count).
+    // Replaces every `what` that starts a match at an index in [start, start + count) (the
+    // match itself may be found further on) by `with`, continuing after the inserted text. A
+    // negative start or count changes nothing.
     void ReplaceAllPhrases(const UString& what, const UString& with, int start, int count);
     // Replaces the occurrences of `what` from `start` to the end.
     void ReplaceAllPhrases(const UString& what, const UString& with, int start = 0);
