@@ -69,24 +69,32 @@ BENCHMARK(BM_TableConvert_Iconv)->Unit(benchmark::kMicrosecond);
 // Mixed UTF-8: ASCII, Latin, Cyrillic and a character outside the basic plane, cut at a word.
 std::string Utf8Text()
 {
-    static const char* const kWords[] = {"caf\xC3\xA9 ", "\xD0\x9C\xD0\xBE\xD1\x81\xD0\xBA\xD0\xB2\xD0\xB0 ",
-        "the ", "quick ", "\xF0\x9F\x98\x80 ", "na\xC3\xAFve ", "brown ", "fox "};
+    static const char* const kWords[] = {"caf\xC3\xA9 ",
+        "\xD0\x9C\xD0\xBE\xD1\x81\xD0\xBA\xD0\xB2\xD0\xB0 ", "the ", "quick ", "\xF0\x9F\x98\x80 ",
+        "na\xC3\xAFve ", "brown ", "fox "};
     std::string text;
     for (size_t i = 0; text.size() < kTextBytes - 16; ++i)
         text += kWords[(i * 5) % (sizeof kWords / sizeof kWords[0])];
     return text;
 }
 
-void BM_UStringFromUTF8_Vesk(benchmark::State& state)
+// Times convert(text), which must give a non-empty string.
+template <typename Convert>
+void VeskLoop(benchmark::State& state, const std::string& bytes, Convert convert)
 {
-    const vesk::SString text(Utf8Text().c_str());
+    const vesk::SString text(bytes.c_str());
     for (auto _ : state) {
-        const vesk::UString wide(text);
-        if (wide.Len() == 0)
-            state.SkipWithError("decoding failed");
-        benchmark::DoNotOptimize(wide.Len());
+        const auto result = convert(text);
+        if (result.Len() == 0)
+            state.SkipWithError("conversion failed");
+        benchmark::DoNotOptimize(result.Len());
     }
     state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * text.Len()));
+}
+
+void BM_UStringFromUTF8_Vesk(benchmark::State& state)
+{
+    VeskLoop(state, Utf8Text(), [](const vesk::SString& text) { return vesk::UString(text); });
 }
 BENCHMARK(BM_UStringFromUTF8_Vesk)->Unit(benchmark::kMicrosecond);
 
@@ -99,14 +107,7 @@ BENCHMARK(BM_UStringFromUTF8_Iconv)->Unit(benchmark::kMicrosecond);
 
 void BM_AnsiToUTF8_Vesk(benchmark::State& state)
 {
-    const vesk::SString text(AnsiText().c_str());
-    for (auto _ : state) {
-        const vesk::SString utf8 = text.AnsiToUTF8(1252);
-        if (utf8.Len() == 0)
-            state.SkipWithError("conversion failed");
-        benchmark::DoNotOptimize(utf8.Len());
-    }
-    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * text.Len()));
+    VeskLoop(state, AnsiText(), [](const vesk::SString& text) { return text.AnsiToUTF8(1252); });
 }
 BENCHMARK(BM_AnsiToUTF8_Vesk)->Unit(benchmark::kMicrosecond);
 

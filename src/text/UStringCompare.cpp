@@ -59,6 +59,19 @@ int Order(const UString& a, const char16_t* b)
     return CompareTexts(self.View(), TerminatedView(b, self.Len() + 1), kWhole, false);
 }
 
+StringCompare CompareWith(const UString& a, const UString& b, unsigned int n, bool noCase)
+{
+    const UStringRef other(b);
+    Locked self(a);
+    return ToCompare(CompareTexts(self.View(), other.View(), Limit(n), noCase));
+}
+
+StringCompare CompareWith(const UString& a, const char16_t* b, unsigned int n, bool noCase)
+{
+    Locked self(a);
+    return ToCompare(CompareTexts(self.View(), TerminatedView(b, UINT32_MAX), Limit(n), noCase));
+}
+
 // Index of the first unit of text that differs from other, where the end of other counts as a
 // difference; STRING_MATCH when text is a prefix of other.
 unsigned int FirstDifference(std::u16string_view text, std::u16string_view other)
@@ -94,28 +107,22 @@ bool operator>=(const char16_t* a, const UString& b) { return b <= a; }
 
 StringCompare UString::Compare(const UString& s, unsigned int n) const
 {
-    const UStringRef other(s);
-    Locked self(*this);
-    return ToCompare(CompareTexts(self.View(), other.View(), Limit(n), false));
+    return CompareWith(*this, s, n, false);
 }
 
 StringCompare UString::Compare(const char16_t* text, unsigned int n) const
 {
-    Locked self(*this);
-    return ToCompare(CompareTexts(self.View(), TerminatedView(text, UINT32_MAX), Limit(n), false));
+    return CompareWith(*this, text, n, false);
 }
 
 StringCompare UString::ICompare(const UString& s, unsigned int n) const
 {
-    const UStringRef other(s);
-    Locked self(*this);
-    return ToCompare(CompareTexts(self.View(), other.View(), Limit(n), true));
+    return CompareWith(*this, s, n, true);
 }
 
 StringCompare UString::ICompare(const char16_t* text, unsigned int n) const
 {
-    Locked self(*this);
-    return ToCompare(CompareTexts(self.View(), TerminatedView(text, UINT32_MAX), Limit(n), true));
+    return CompareWith(*this, text, n, true);
 }
 
 bool UString::NoCaseEqual(const UString& s) const

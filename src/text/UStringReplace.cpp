@@ -63,42 +63,34 @@ void AssignChanged(const UStringAccess::Locked& self, const std::u16string& text
         self.Assign(text);
 }
 
+void ReplaceAll(UString& target, const UString& what, const UString& with, int start,
+    int64_t end, bool noCase)
+{
+    const UStringRef pattern(what);
+    const UStringRef replacement(with);
+    // A negative start changes nothing.
+    if (pattern.Len() == 0 || start < 0)
+        return;
+    const UStringAccess::Locked self(target);
+    AssignChanged(self,
+        ReplacePhrases(self.View(), pattern.View(), replacement.View(), start, end, noCase));
+}
+
 } // namespace
 
 void UString::ReplaceAllPhrases(const UString& what, const UString& with, int start, int count)
 {
-    const UStringRef pattern(what);
-    const UStringRef replacement(with);
-    // A negative start changes nothing.
-    if (pattern.Len() == 0 || start < 0)
-        return;
-    Locked self(*this);
-    AssignChanged(self, ReplacePhrases(self.View(), pattern.View(), replacement.View(),
-        start, static_cast<int64_t>(start) + count, false));
+    ReplaceAll(*this, what, with, start, static_cast<int64_t>(start) + count, false);
 }
 
 void UString::ReplaceAllPhrases(const UString& what, const UString& with, int start)
 {
-    const UStringRef pattern(what);
-    const UStringRef replacement(with);
-    // A negative start changes nothing.
-    if (pattern.Len() == 0 || start < 0)
-        return;
-    Locked self(*this);
-    AssignChanged(self, ReplacePhrases(self.View(), pattern.View(), replacement.View(),
-        start, kToTheEnd, false));
+    ReplaceAll(*this, what, with, start, kToTheEnd, false);
 }
 
 void UString::ReplaceAllPhrasesI(const UString& what, const UString& with, int start)
 {
-    const UStringRef pattern(what);
-    const UStringRef replacement(with);
-    // A negative start changes nothing.
-    if (pattern.Len() == 0 || start < 0)
-        return;
-    Locked self(*this);
-    AssignChanged(self, ReplacePhrases(self.View(), pattern.View(), replacement.View(),
-        start, kToTheEnd, true));
+    ReplaceAll(*this, what, with, start, kToTheEnd, true);
 }
 
 void UString::ReplaceAllPhrases2(const UString& what, const UString& with)

@@ -1,20 +1,14 @@
 #include <vesk/text.hpp>
 
+#include "UStringTestUtil.hpp"
+
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
 
 using namespace vesk;
-
-namespace {
-
-std::string Bytes(const SString& s)
-{
-    return std::string(static_cast<const char*>(s), s.Len());
-}
-
-} // namespace
+using test::Bytes;
 
 TEST(SStringFromUTF16, ConvertsToTheCodePage)
 {

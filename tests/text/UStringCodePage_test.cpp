@@ -1,5 +1,7 @@
 #include <vesk/text.hpp>
 
+#include "UStringTestUtil.hpp"
+
 #include "text/TranscriptData_p.hpp"
 
 #include <gtest/gtest.h>
@@ -8,20 +10,8 @@
 #include <string>
 
 using namespace vesk;
-
-namespace {
-
-std::u16string Text(const UString& s)
-{
-    return std::u16string(static_cast<const char16_t*>(s), s.Len());
-}
-
-std::string Bytes(const SString& s)
-{
-    return std::string(static_cast<const char*>(s), s.Len());
-}
-
-} // namespace
+using test::Bytes;
+using test::Text;
 
 TEST(UStringFromBytes, UTF8WhenMayBeUTF8ElseWindows1252)
 {

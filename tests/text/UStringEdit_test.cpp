@@ -1,18 +1,16 @@
 #include <vesk/text.hpp>
 
+#include "UStringTestUtil.hpp"
+
 #include <gtest/gtest.h>
 
 #include <locale.h>
 #include <string>
 
 using namespace vesk;
+using test::Text;
 
 namespace {
-
-std::u16string Text(const UString& s)
-{
-    return std::u16string(static_cast<const char16_t*>(s), s.Len());
-}
 
 // Makes a locale the calling thread's locale for its lifetime.
 class ThreadLocale {

@@ -1,19 +1,13 @@
 #include <vesk/text.hpp>
 
+#include "UStringTestUtil.hpp"
+
 #include <gtest/gtest.h>
 
 #include <string>
 
 using namespace vesk;
-
-namespace {
-
-std::u16string Text(const UString& s)
-{
-    return std::u16string(static_cast<const char16_t*>(s), s.Len());
-}
-
-} // namespace
+using test::Text;
 
 TEST(UStringFormat, WideConventionsForTextAndCharacters)
 {

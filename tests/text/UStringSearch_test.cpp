@@ -1,5 +1,7 @@
 #include <vesk/text.hpp>
 
+#include "UStringTestUtil.hpp"
+
 #include <gtest/gtest.h>
 
 #include <random>
@@ -7,15 +9,7 @@
 #include <vector>
 
 using namespace vesk;
-
-namespace {
-
-std::u16string Text(const UString& s)
-{
-    return std::u16string(static_cast<const char16_t*>(s), s.Len());
-}
-
-} // namespace
+using test::Text;
 
 TEST(UStringCompare, OperatorsOrderByUnits)
 {

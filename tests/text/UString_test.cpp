@@ -1,5 +1,7 @@
 #include <vesk/text.hpp>
 
+#include "UStringTestUtil.hpp"
+
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -8,17 +10,13 @@
 #include <vector>
 
 using namespace vesk;
+using test::Text;
 
 namespace {
 
 const char16_t* Ptr(const UString& s)
 {
     return static_cast<const char16_t*>(s);
-}
-
-std::u16string Text(const UString& s)
-{
-    return std::u16string(Ptr(s), s.Len());
 }
 
 } // namespace
