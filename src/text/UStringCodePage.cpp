@@ -88,6 +88,28 @@ UString::UString(char c) : UString()
     Decode(Locked(*this), CODEPAGE_SYSTEM, &c, c != 0 ? 1 : 0);
 }
 
+void UString::InitStringRes(const char* data, unsigned int n)
+{
+    DecodeGuessing(Locked(*this), std::string_view(data, data != nullptr ? n : 0));
+}
+
+void UString::InitStringRes(const char16_t* data, unsigned int n)
+{
+    Locked(*this).Assign(std::u16string_view(data, data != nullptr ? n : 0));
+}
+
+void UString::AppendStringRes(const char* data, unsigned int n)
+{
+    UString part;
+    part.InitStringRes(data, n);
+    *this += part;
+}
+
+void UString::AppendStringRes(const char16_t* data, unsigned int n)
+{
+    Locked(*this).Append(std::u16string_view(data, data != nullptr ? n : 0));
+}
+
 void UString::SetUTF8(const SString& s)
 {
     const SString hold(s);

@@ -116,6 +116,16 @@ private:
 struct UStringAccess {
     using Locked = UString::Locked;
     static UString FromRecord(UStringData* rec) noexcept { return UString(rec); }
+    template <typename Char>
+    static void InitStringRes(UString& s, const Char* data, unsigned int n)
+    {
+        s.InitStringRes(data, n);
+    }
+    template <typename Char>
+    static void AppendStringRes(UString& s, const Char* data, unsigned int n)
+    {
+        s.AppendStringRes(data, n);
+    }
 };
 
 // A counted reference to another string's record, taken and dropped under that string's lock

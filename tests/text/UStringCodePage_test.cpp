@@ -3,6 +3,7 @@
 #include "UStringTestUtil.hpp"
 
 #include "text/TranscriptData_p.hpp"
+#include "text/UString_p.hpp"
 
 #include <gtest/gtest.h>
 
@@ -111,4 +112,18 @@ TEST(UStringTranscript, ReadsTheTextInTheTranscriptCodePage)
     // Without the library state nothing is transcript text.
     EXPECT_FALSE(UString(u"\u041C\u043E\u0441\u043A\u0432\u0430").IsTranscript());
     EXPECT_FALSE(UString::IsTranscript("\xCC\xEE\xF1\xEA\xE2\xE0"));
+}
+
+TEST(UStringFromBytes, StringDataIsDecodedAndCutInTheSum)
+{
+    UString s;
+    UStringAccess::InitStringRes(s, "caf\xC3\xA9", 5);
+    UStringAccess::AppendStringRes(s, " \xE9t\xE9", 4);
+    UStringAccess::AppendStringRes(s, u"!?", 1);
+    EXPECT_EQ(Text(s), u"caf\u00E9 \u00E9t\u00E9!");
+    const std::u16string full(USTRING_MAXLEN - 1, u'x');
+    UStringAccess::InitStringRes(s, full.data(), static_cast<unsigned int>(full.size()));
+    UStringAccess::AppendStringRes(s, "abc", 3);
+    EXPECT_EQ(s.Len(), USTRING_MAXLEN);
+    EXPECT_EQ(s[static_cast<int>(USTRING_MAXLEN - 1)], u'a');
 }

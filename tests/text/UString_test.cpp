@@ -49,8 +49,9 @@ TEST(UStringRecord, MovesAndSelfAssignmentKeepTheText)
     UString a(u"abc");
     UString b(std::move(a));
     EXPECT_EQ(Text(b), u"abc");
-    EXPECT_EQ(a.Len(), 0u); // NOLINT(bugprone-use-after-move)
-    b = b;
+    EXPECT_EQ(a.Len(), 0u);
+    const UString& same = b;
+    b = same;
     EXPECT_EQ(Text(b), u"abc");
     b += b;
     EXPECT_EQ(Text(b), u"abcabc");

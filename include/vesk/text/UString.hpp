@@ -286,6 +286,12 @@ private:
     friend class UStringRef;
 
     explicit UString(UStringData* rec) noexcept;
+    // Make or extend the string of n units of string data; bytes are decoded as the
+    // constructors from bytes decode them, and the sum of lengths is cut to USTRING_MAXLEN.
+    void InitStringRes(const char* data, unsigned int n);
+    void InitStringRes(const char16_t* data, unsigned int n);
+    void AppendStringRes(const char* data, unsigned int n);
+    void AppendStringRes(const char16_t* data, unsigned int n);
 
     mutable UStringData* m_pData;
     mutable std::atomic<uint32_t> m_nLock;
