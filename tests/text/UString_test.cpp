@@ -94,11 +94,10 @@ TEST(UStringConstruct, NumbersAsDecimalText)
 {
     EXPECT_EQ(Text(UString(short(-32768))), u"-32768");
     EXPECT_EQ(Text(UString(-5, 4)), u"00-5");
-    EXPECT_EQ(Text(UString(42, 1)), u"42");
     EXPECT_EQ(Text(UString(4000000000u)), u"4000000000");
     EXPECT_EQ(Text(UString(3.5)), u"3.500000");
     EXPECT_EQ(Text(UString(int64_t(-9000000000))), u"-9000000000");
-    EXPECT_EQ(Text(UString(uint64_t(18446744073709551615u))), u"18446744073709551615");
+    EXPECT_EQ(Text(UString(UINT64_MAX)), u"18446744073709551615");
 
     UString s(u"n=");
     s += short(-1);
