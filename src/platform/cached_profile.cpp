@@ -5,16 +5,27 @@
 
 namespace vesk::platform {
 
-CachedProfile& CachedProfile::For(const std::string& path)
+namespace {
+
+// Lets the cache table be searched with a string_view, without building a string per read.
+struct PathHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view path) const { return std::hash<std::string_view>()(path); }
+};
+
+} // namespace
+
+CachedProfile& CachedProfile::For(std::string_view path)
 {
     // Never destroyed, so that code running during exit can still read its settings.
     static auto* const mutex = new std::mutex;
-    static auto* const caches = new std::unordered_map<std::string, std::unique_ptr<CachedProfile>>;
+    static auto* const caches
+        = new std::unordered_map<std::string, std::unique_ptr<CachedProfile>, PathHash, std::equal_to<>>;
     std::lock_guard lock(*mutex);
-    std::unique_ptr<CachedProfile>& cache = (*caches)[path];
-    if (!cache)
-        cache.reset(new CachedProfile(path));
-    return *cache;
+    auto it = caches->find(path);
+    if (it == caches->end())
+        it = caches->emplace(path, std::unique_ptr<CachedProfile>(new CachedProfile(std::string(path)))).first;
+    return *it->second;
 }
 
 void CachedProfile::Load(std::string_view bytes, const FileStamp& stamp, bool valid)

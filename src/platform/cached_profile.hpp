@@ -10,6 +10,7 @@
 #include <functional>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace vesk::platform {
@@ -20,7 +21,7 @@ namespace vesk::platform {
 class VESK_API CachedProfile {
 public:
     // The cache of the file at path; one per path for the life of the process.
-    static CachedProfile& For(const std::string& path);
+    static CachedProfile& For(std::string_view path);
 
     // Calls read with the current content (empty when the file is missing or unreadable).
     template <class Read>

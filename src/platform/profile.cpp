@@ -11,11 +11,11 @@ namespace vesk::platform {
 
 namespace {
 
-std::string ProfilePath(std::string_view file)
+CachedProfile& ProfileAt(std::string_view file)
 {
     if (file.find('/') != std::string_view::npos)
-        return std::string(file);
-    return ConfigDirectory() + "/" + std::string(file);
+        return CachedProfile::For(file);
+    return CachedProfile::For(ConfigDirectory() + "/" + std::string(file));
 }
 
 std::string ToUtf8(const char16_t* text)
@@ -53,7 +53,7 @@ uint32_t GetPrivateProfileString(const char16_t* section, const char16_t* key, c
     if (!section)
         return CopyValue({}, buffer, size);
     std::string sectionName = ToUtf8(section);
-    CachedProfile& profile = CachedProfile::For(ProfilePath(file));
+    CachedProfile& profile = ProfileAt(file);
     std::u16string text;
     if (!key) {
         profile.Get([&](const ProfileDocument& doc) {
@@ -81,7 +81,7 @@ uint32_t GetPrivateProfileString(const char16_t* section, const char16_t* key, c
 bool WritePrivateProfileString(const char16_t* section, const char16_t* key, const char16_t* value,
     std::string_view file)
 {
-    CachedProfile& profile = CachedProfile::For(ProfilePath(file));
+    CachedProfile& profile = ProfileAt(file);
     if (!section)
         return profile.Flush();
     std::string sectionName = ToUtf8(section);

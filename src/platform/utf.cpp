@@ -38,30 +38,36 @@ size_t SequenceLength(std::string_view s, char32_t& code)
     return length;
 }
 
-void AppendCodePoint(char32_t code, std::string& out)
+// Writes code as UTF-8 at out and returns the position after it.
+char* PutCodePoint(char32_t code, char* out)
 {
     if (code < 0x80) {
-        out += static_cast<char>(code);
+        *out++ = static_cast<char>(code);
     } else if (code < 0x800) {
-        out += static_cast<char>(0xC0 | (code >> 6));
-        out += static_cast<char>(0x80 | (code & 0x3F));
+        *out++ = static_cast<char>(0xC0 | (code >> 6));
+        *out++ = static_cast<char>(0x80 | (code & 0x3F));
     } else if (code < 0x10000) {
-        out += static_cast<char>(0xE0 | (code >> 12));
-        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (code & 0x3F));
+        *out++ = static_cast<char>(0xE0 | (code >> 12));
+        *out++ = static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+        *out++ = static_cast<char>(0x80 | (code & 0x3F));
     } else {
-        out += static_cast<char>(0xF0 | (code >> 18));
-        out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
-        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (code & 0x3F));
+        *out++ = static_cast<char>(0xF0 | (code >> 18));
+        *out++ = static_cast<char>(0x80 | ((code >> 12) & 0x3F));
+        *out++ = static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+        *out++ = static_cast<char>(0x80 | (code & 0x3F));
     }
+    return out;
 }
 
 } // namespace
 
+// Both conversions size the output for the longest result first and write through a pointer:
+// these run on every profile read.
 void AppendUtf8AsUtf16(std::string_view utf8, std::u16string& out)
 {
-    out.reserve(out.size() + utf8.size());
+    size_t start = out.size();
+    out.resize(start + utf8.size()); // one unit per byte at most
+    char16_t* at = out.data() + start;
     while (!utf8.empty()) {
         char32_t code;
         size_t length = SequenceLength(utf8, code);
@@ -71,18 +77,21 @@ void AppendUtf8AsUtf16(std::string_view utf8, std::u16string& out)
         }
         if (code >= 0x10000) {
             code -= 0x10000;
-            out += static_cast<char16_t>(0xD800 + (code >> 10));
-            out += static_cast<char16_t>(0xDC00 + (code & 0x3FF));
+            *at++ = static_cast<char16_t>(0xD800 + (code >> 10));
+            *at++ = static_cast<char16_t>(0xDC00 + (code & 0x3FF));
         } else {
-            out += static_cast<char16_t>(code);
+            *at++ = static_cast<char16_t>(code);
         }
         utf8.remove_prefix(length);
     }
+    out.resize(static_cast<size_t>(at - out.data()));
 }
 
 void AppendUtf16AsUtf8(std::u16string_view utf16, std::string& out)
 {
-    out.reserve(out.size() + utf16.size());
+    size_t start = out.size();
+    out.resize(start + 3 * utf16.size()); // three bytes per unit at most
+    char* at = out.data() + start;
     for (size_t i = 0; i < utf16.size(); ++i) {
         char32_t code = utf16[i];
         if (code >= 0xD800 && code <= 0xDBFF && i + 1 < utf16.size() && utf16[i + 1] >= 0xDC00
@@ -91,8 +100,9 @@ void AppendUtf16AsUtf8(std::u16string_view utf16, std::string& out)
         } else if (code >= 0xD800 && code <= 0xDFFF) {
             code = 0xFFFD;
         }
-        AppendCodePoint(code, out);
+        at = PutCodePoint(code, at);
     }
+    out.resize(static_cast<size_t>(at - out.data()));
 }
 
 } // namespace vesk::platform

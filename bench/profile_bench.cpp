@@ -1,0 +1,188 @@
+// The profile engine against GLib's GKeyFile: reading every key of a 10,000-key file (load
+// and look-ups), look-ups in an already loaded file, and 1,000 single-key writes, each of
+// which the engine makes durable and GKeyFile saves with g_key_file_save_to_file.
+#include "platform/profile.hpp"
+
+#include <benchmark/benchmark.h>
+#include <glib.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr int kSections = 10, kKeysPerSection = 1000;
+
+struct Names {
+    std::vector<std::string> sections, keys;
+    std::vector<std::u16string> wideSections, wideKeys;
+};
+
+const Names& TheNames()
+{
+    static const Names names = [] {
+        Names n;
+        for (int s = 0; s < kSections; ++s)
+            n.sections.push_back("Section" + std::to_string(s));
+        for (int k = 0; k < kKeysPerSection; ++k)
+            n.keys.push_back("Key" + std::to_string(k));
+        for (const auto& s : n.sections)
+            n.wideSections.emplace_back(s.begin(), s.end());
+        for (const auto& k : n.keys)
+            n.wideKeys.emplace_back(k.begin(), k.end());
+        return n;
+    }();
+    return names;
+}
+
+// A scratch folder for the run's files.
+const std::string& Folder()
+{
+    static const std::string folder = [] {
+        char name[] = "/tmp/vesk-bench-XXXXXX";
+        if (!::mkdtemp(name))
+            std::abort();
+        return std::string(name);
+    }();
+    return folder;
+}
+
+std::string TenThousandKeys()
+{
+    std::string text;
+    for (int s = 0; s < kSections; ++s) {
+        text += "[" + TheNames().sections[s] + "]\n";
+        for (int k = 0; k < kKeysPerSection; ++k)
+            text += TheNames().keys[k] + "=value of key " + std::to_string(s * kKeysPerSection + k) + "\n";
+    }
+    return text;
+}
+
+// Writes the file anew under a new inode, so that the engine's cache must parse it again.
+void WriteFresh(const std::string& path, const std::string& text)
+{
+    std::string temp = path + ".new";
+    std::FILE* file = std::fopen(temp.c_str(), "wb");
+    if (!file || std::fwrite(text.data(), 1, text.size(), file) != text.size() || std::fclose(file) != 0
+        || std::rename(temp.c_str(), path.c_str()) != 0)
+        std::abort();
+}
+
+void ReadAllKeysEngine(const std::string& path)
+{
+    char16_t buffer[1024];
+    const Names& n = TheNames();
+    for (int s = 0; s < kSections; ++s) {
+        for (int k = 0; k < kKeysPerSection; ++k) {
+            benchmark::DoNotOptimize(vesk::platform::GetPrivateProfileString(
+                n.wideSections[s].c_str(), n.wideKeys[k].c_str(), u"", buffer, 1024, path));
+        }
+    }
+}
+
+void ReadAllKeysGKeyFile(GKeyFile* keys)
+{
+    const Names& n = TheNames();
+    for (int s = 0; s < kSections; ++s) {
+        for (int k = 0; k < kKeysPerSection; ++k) {
+            gchar* value = g_key_file_get_string(keys, n.sections[s].c_str(), n.keys[k].c_str(), nullptr);
+            benchmark::DoNotOptimize(value);
+            g_free(value);
+        }
+    }
+}
+
+void LoadAndRead_Engine(benchmark::State& state)
+{
+    const std::string path = Folder() + "/engine-read.ini", text = TenThousandKeys();
+    for (auto _ : state) {
+        state.PauseTiming();
+        WriteFresh(path, text);
+        state.ResumeTiming();
+        ReadAllKeysEngine(path);
+    }
+}
+BENCHMARK(LoadAndRead_Engine)->Unit(benchmark::kMillisecond);
+
+void LoadAndRead_GKeyFile(benchmark::State& state)
+{
+    const std::string path = Folder() + "/glib-read.ini";
+    WriteFresh(path, TenThousandKeys());
+    for (auto _ : state) {
+        GKeyFile* keys = g_key_file_new();
+        if (!g_key_file_load_from_file(keys, path.c_str(), G_KEY_FILE_NONE, nullptr))
+            std::abort();
+        ReadAllKeysGKeyFile(keys);
+        g_key_file_free(keys);
+    }
+}
+BENCHMARK(LoadAndRead_GKeyFile)->Unit(benchmark::kMillisecond);
+
+void CachedReads_Engine(benchmark::State& state)
+{
+    const std::string path = Folder() + "/engine-cached.ini";
+    WriteFresh(path, TenThousandKeys());
+    ReadAllKeysEngine(path);
+    for (auto _ : state)
+        ReadAllKeysEngine(path);
+}
+BENCHMARK(CachedReads_Engine)->Unit(benchmark::kMillisecond);
+
+void CachedReads_GKeyFile(benchmark::State& state)
+{
+    const std::string path = Folder() + "/glib-cached.ini";
+    WriteFresh(path, TenThousandKeys());
+    GKeyFile* keys = g_key_file_new();
+    if (!g_key_file_load_from_file(keys, path.c_str(), G_KEY_FILE_NONE, nullptr))
+        std::abort();
+    for (auto _ : state)
+        ReadAllKeysGKeyFile(keys);
+    g_key_file_free(keys);
+}
+BENCHMARK(CachedReads_GKeyFile)->Unit(benchmark::kMillisecond);
+
+constexpr int kWrites = 1000;
+
+void Writes_Engine(benchmark::State& state)
+{
+    const std::string path = Folder() + "/engine-write.ini";
+    const Names& n = TheNames();
+    for (auto _ : state) {
+        for (int i = 0; i < kWrites; ++i) {
+            std::u16string value = u"value " + n.wideKeys[i];
+            if (!vesk::platform::WritePrivateProfileString(n.wideSections[i % kSections].c_str(), n.wideKeys[i].c_str(),
+                    value.c_str(), path))
+                std::abort();
+        }
+        state.PauseTiming();
+        ::unlink(path.c_str());
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(Writes_Engine)->Unit(benchmark::kMillisecond)->Iterations(2);
+
+void Writes_GKeyFile(benchmark::State& state)
+{
+    const std::string path = Folder() + "/glib-write.ini";
+    const Names& n = TheNames();
+    for (auto _ : state) {
+        GKeyFile* keys = g_key_file_new();
+        for (int i = 0; i < kWrites; ++i) {
+            std::string value = "value " + n.keys[i];
+            g_key_file_set_string(keys, n.sections[i % kSections].c_str(), n.keys[i].c_str(), value.c_str());
+            if (!g_key_file_save_to_file(keys, path.c_str(), nullptr))
+                std::abort();
+        }
+        g_key_file_free(keys);
+        state.PauseTiming();
+        ::unlink(path.c_str());
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(Writes_GKeyFile)->Unit(benchmark::kMillisecond)->Iterations(2);
+
+} // namespace
