@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <random>
 
 #include <sys/stat.h>
@@ -187,14 +186,7 @@ TEST_F(Settings, AWriterKilledAtRandomLeavesTheOldOrTheNewFile)
     std::mt19937 random(99);
     int roundsEndingWithB = 0;
     for (int round = 0; round < 100; ++round) {
-        pid_t writer = vesk::test::StartChild([&] {
-            for (int i = 0;; ++i)
-                settings::WriteBinary(u"k", u"layout", i % 2 ? b : a);
-            return 0;
-        });
-        ::usleep(std::uniform_int_distribution<useconds_t>(0, 20000)(random));
-        ::kill(writer, SIGKILL);
-        ASSERT_EQ(vesk::test::WaitChild(writer), -1);
+        ASSERT_TRUE(vesk::test::KillWhileWriting([&](int i) { settings::WriteBinary(u"k", u"layout", i % 2 ? b : a); }, random));
 
         std::vector<uint8_t> layout;
         uint32_t before = 0, after = 0;
