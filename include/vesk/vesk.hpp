@@ -1,5 +1,11 @@
 #pragma once
 
 // The whole public interface of Vesk.
+#include <vesk/containers.hpp>
+#include <vesk/datetime.hpp>
 #include <vesk/export.hpp>
+#include <vesk/links.hpp>
+#include <vesk/text.hpp>
+#include <vesk/values.hpp>
+#include <vesk/window.hpp>
 #include <vesk/zlib.hpp>
