@@ -2,9 +2,9 @@
 #include "platform/profile.hpp"
 #include "platform/profile_document.hpp"
 
-#include "support/child_process.hpp"
-#include "support/file_text.hpp"
-#include "support/temp_dir.hpp"
+#include "support/ChildProcess.hpp"
+#include "support/FileText.hpp"
+#include "support/TempDir.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,10 +2,10 @@
 // writes fail.
 #include "platform/profile.hpp"
 
-#include "support/child_process.hpp"
-#include "support/config_home.hpp"
-#include "support/file_text.hpp"
-#include "support/temp_dir.hpp"
+#include "support/ChildProcess.hpp"
+#include "support/ConfigHomeGuard.hpp"
+#include "support/FileText.hpp"
+#include "support/TempDir.hpp"
 
 #include <gtest/gtest.h>
 

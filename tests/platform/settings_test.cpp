@@ -2,9 +2,9 @@
 #include "platform/settings.hpp"
 #include "platform/system_colors.hpp"
 
-#include "support/child_process.hpp"
-#include "support/config_home.hpp"
-#include "support/file_text.hpp"
+#include "support/ChildProcess.hpp"
+#include "support/ConfigHomeGuard.hpp"
+#include "support/FileText.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "support/child_process.hpp"
+#include "support/ChildProcess.hpp"
 
 #include <cerrno>
 

@@ -1,4 +1,4 @@
-#include "support/temp_dir.hpp"
+#include "support/TempDir.hpp"
 
 #include <cstdlib>
 #include <stdexcept>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/env_guard.hpp"
-#include "support/temp_dir.hpp"
+#include "support/EnvGuard.hpp"
+#include "support/TempDir.hpp"
 
 namespace vesk::test {
 

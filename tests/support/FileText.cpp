@@ -1,4 +1,4 @@
-#include "support/file_text.hpp"
+#include "support/FileText.hpp"
 
 #include <fstream>
 #include <iterator>
