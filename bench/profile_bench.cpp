@@ -1,7 +1,9 @@
-// The profile engine against GLib's GKeyFile: reading every key of a 10,000-key file (load
-// and look-ups), look-ups in an already loaded file, and 1,000 single-key writes, each of
-// which the engine makes durable and GKeyFile saves with g_key_file_save_to_file.
+// The profile engine and Config against GLib's GKeyFile: reading every key of a 10,000-key
+// file (load and look-ups), look-ups in an already loaded file, and 1,000 single-key writes,
+// each of which the engine makes durable and GKeyFile saves with g_key_file_save_to_file.
 #include "platform/profile.hpp"
+
+#include <vesk/files.hpp>
 
 #include <benchmark/benchmark.h>
 #include <glib.h>
@@ -84,6 +86,22 @@ void ReadAllKeysEngine(const std::string& path)
     }
 }
 
+void ReadAllKeysConfig(const std::string& path)
+{
+    static const std::vector<vesk::SString> keys = [] {
+        std::vector<vesk::SString> k;
+        for (const std::string& key : TheNames().keys)
+            k.emplace_back(key.c_str());
+        return k;
+    }();
+    vesk::Config config{vesk::SString(path.c_str())};
+    for (int s = 0; s < kSections; ++s) {
+        config.SetGroup(TheNames().sections[s].c_str());
+        for (const vesk::SString& key : keys)
+            benchmark::DoNotOptimize(config.ReadKey(key));
+    }
+}
+
 void ReadAllKeysGKeyFile(GKeyFile* keys)
 {
     const Names& n = TheNames();
@@ -107,6 +125,18 @@ void LoadAndRead_Engine(benchmark::State& state)
     }
 }
 BENCHMARK(LoadAndRead_Engine)->Unit(benchmark::kMillisecond);
+
+void LoadAndRead_Config(benchmark::State& state)
+{
+    const std::string path = Folder() + "/config-read.ini", text = TenThousandKeys();
+    for (auto _ : state) {
+        state.PauseTiming();
+        WriteFresh(path, text);
+        state.ResumeTiming();
+        ReadAllKeysConfig(path);
+    }
+}
+BENCHMARK(LoadAndRead_Config)->Unit(benchmark::kMillisecond);
 
 void LoadAndRead_GKeyFile(benchmark::State& state)
 {
@@ -164,6 +194,24 @@ void Writes_Engine(benchmark::State& state)
     }
 }
 BENCHMARK(Writes_Engine)->Unit(benchmark::kMillisecond)->Iterations(2);
+
+void Writes_Config(benchmark::State& state)
+{
+    const std::string path = Folder() + "/config-write.ini";
+    const Names& n = TheNames();
+    for (auto _ : state) {
+        vesk::Config config{vesk::SString(path.c_str())};
+        for (int i = 0; i < kWrites; ++i) {
+            config.SetGroup(n.sections[i % kSections].c_str());
+            if (!config.WriteKey(n.keys[i].c_str(), ("value " + n.keys[i]).c_str()))
+                std::abort();
+        }
+        state.PauseTiming();
+        ::unlink(path.c_str());
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(Writes_Config)->Unit(benchmark::kMillisecond)->Iterations(2);
 
 void Writes_GKeyFile(benchmark::State& state)
 {

@@ -1,0 +1,4 @@
+#pragma once
+
+// Files: configuration (profile) files.
+#include <vesk/files/Config.hpp>
