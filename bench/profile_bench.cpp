@@ -114,27 +114,27 @@ void ReadAllKeysGKeyFile(GKeyFile* keys)
     }
 }
 
-void LoadAndRead_Engine(benchmark::State& state)
+// Times readAll on a file written anew before each iteration, which the first read parses.
+void TimeFreshReads(benchmark::State& state, const char* name, void (*readAll)(const std::string& path))
 {
-    const std::string path = Folder() + "/engine-read.ini", text = TenThousandKeys();
+    const std::string path = Folder() + "/" + name, text = TenThousandKeys();
     for (auto _ : state) {
         state.PauseTiming();
         WriteFresh(path, text);
         state.ResumeTiming();
-        ReadAllKeysEngine(path);
+        readAll(path);
     }
+}
+
+void LoadAndRead_Engine(benchmark::State& state)
+{
+    TimeFreshReads(state, "engine-read.ini", ReadAllKeysEngine);
 }
 BENCHMARK(LoadAndRead_Engine)->Unit(benchmark::kMillisecond);
 
 void LoadAndRead_Config(benchmark::State& state)
 {
-    const std::string path = Folder() + "/config-read.ini", text = TenThousandKeys();
-    for (auto _ : state) {
-        state.PauseTiming();
-        WriteFresh(path, text);
-        state.ResumeTiming();
-        ReadAllKeysConfig(path);
-    }
+    TimeFreshReads(state, "config-read.ini", ReadAllKeysConfig);
 }
 BENCHMARK(LoadAndRead_Config)->Unit(benchmark::kMillisecond);
 
@@ -177,47 +177,51 @@ BENCHMARK(CachedReads_GKeyFile)->Unit(benchmark::kMillisecond);
 
 constexpr int kWrites = 1000;
 
+// Times writeAll, which writes kWrites keys to a file that does not exist before.
+template <class WriteAll>
+void TimeWrites(benchmark::State& state, const char* name, WriteAll writeAll)
+{
+    const std::string path = Folder() + "/" + name;
+    for (auto _ : state) {
+        writeAll(path);
+        state.PauseTiming();
+        ::unlink(path.c_str());
+        state.ResumeTiming();
+    }
+}
+
 void Writes_Engine(benchmark::State& state)
 {
-    const std::string path = Folder() + "/engine-write.ini";
-    const Names& n = TheNames();
-    for (auto _ : state) {
+    TimeWrites(state, "engine-write.ini", [](const std::string& path) {
+        const Names& n = TheNames();
         for (int i = 0; i < kWrites; ++i) {
             std::u16string value = u"value " + n.wideKeys[i];
             if (!vesk::platform::WritePrivateProfileString(n.wideSections[i % kSections].c_str(), n.wideKeys[i].c_str(),
                     value.c_str(), path))
                 std::abort();
         }
-        state.PauseTiming();
-        ::unlink(path.c_str());
-        state.ResumeTiming();
-    }
+    });
 }
 BENCHMARK(Writes_Engine)->Unit(benchmark::kMillisecond)->Iterations(2);
 
 void Writes_Config(benchmark::State& state)
 {
-    const std::string path = Folder() + "/config-write.ini";
-    const Names& n = TheNames();
-    for (auto _ : state) {
+    TimeWrites(state, "config-write.ini", [](const std::string& path) {
+        const Names& n = TheNames();
         vesk::Config config{vesk::SString(path.c_str())};
         for (int i = 0; i < kWrites; ++i) {
             config.SetGroup(n.sections[i % kSections].c_str());
             if (!config.WriteKey(n.keys[i].c_str(), ("value " + n.keys[i]).c_str()))
                 std::abort();
         }
-        state.PauseTiming();
-        ::unlink(path.c_str());
-        state.ResumeTiming();
-    }
+    });
 }
 BENCHMARK(Writes_Config)->Unit(benchmark::kMillisecond)->Iterations(2);
 
 void Writes_GKeyFile(benchmark::State& state)
 {
-    const std::string path = Folder() + "/glib-write.ini";
-    const Names& n = TheNames();
-    for (auto _ : state) {
+    TimeWrites(state, "glib-write.ini", [](const std::string& path) {
+        const Names& n = TheNames();
         GKeyFile* keys = g_key_file_new();
         for (int i = 0; i < kWrites; ++i) {
             std::string value = "value " + n.keys[i];
@@ -226,10 +230,7 @@ void Writes_GKeyFile(benchmark::State& state)
                 std::abort();
         }
         g_key_file_free(keys);
-        state.PauseTiming();
-        ::unlink(path.c_str());
-        state.ResumeTiming();
-    }
+    });
 }
 BENCHMARK(Writes_GKeyFile)->Unit(benchmark::kMillisecond)->Iterations(2);
 

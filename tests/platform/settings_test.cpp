@@ -52,17 +52,9 @@ TEST_F(Settings, TypedValuesLiveInOneFileOfTheConfigDirectory)
     EXPECT_EQ(binary, bytes);
 }
 
-TEST_F(Settings, AFileWrittenByHandIsRead)
+TEST_F(Settings, ValuesOfAnotherTypeAndDamagedFilesReadAsAbsentAndStayUntouched)
 {
-    WriteSettingsFile("; by hand\n[ software\\microsoft\\accessibility ]\n  TextScaleFactor = dword:125 \n");
-    uint32_t scale = 0;
-    EXPECT_TRUE(settings::ReadDword(u"Software\\Microsoft\\Accessibility", u"TextScaleFactor", scale));
-    EXPECT_EQ(scale, 125u);
-}
-
-TEST_F(Settings, ValuesOfAnotherTypeOrDamagedReadAsAbsent)
-{
-    WriteSettingsFile("[k]\nnumber=dword:7\nbig=dword:4294967296\nsign=dword:-1\nletters=dword:12x\nempty=dword:\n"
+    WriteSettingsFile("[ k ]\n number = dword:7 \nbig=dword:4294967296\nsign=dword:-1\nletters=dword:12x\nempty=dword:\n"
                       "odd=hex:abc\nnothex=hex:zz\nuntyped=hello\n");
     uint32_t number = 99;
     std::u16string text = u"unchanged";
@@ -78,25 +70,23 @@ TEST_F(Settings, ValuesOfAnotherTypeOrDamagedReadAsAbsent)
     EXPECT_EQ(binary, std::vector<uint8_t>{9});
     EXPECT_TRUE(settings::ReadDword(u"k", u"number", number));
     EXPECT_EQ(number, 7u);
+
+    const std::string damaged("\x01\xFF[Control Panel\\Colors\nWindow=sz:1 2\n\0\0[k\nv=dword:", 48);
+    WriteSettingsFile(damaged);
+    EXPECT_EQ(vesk::platform::SystemColor(5), 0xFFFFFFu);
+    EXPECT_FALSE(settings::ReadDword(u"k", u"v", number));
+    EXPECT_EQ(ReadFileText(m_file), damaged);
 }
 
-TEST_F(Settings, AnyNameAndTextRoundTrip)
+TEST_F(Settings, AnyNameAndTextRoundTripOnOneLine)
 {
     const std::u16string odd = u" [x]=%;#\t\u00E9\U0001D11E\r\n ";
-    const std::u16string key = u"A\\" + odd;
-    EXPECT_TRUE(settings::WriteString(key, odd, odd));
-    EXPECT_TRUE(settings::WriteString(key, u"empty", u""));
-    EXPECT_TRUE(settings::WriteDword(key, u"=", 1));
+    EXPECT_TRUE(settings::WriteString(u"A\\" + odd, odd, odd));
     std::u16string text;
-    uint32_t number = 0;
-    EXPECT_TRUE(settings::ReadString(key, odd, text));
+    EXPECT_TRUE(settings::ReadString(u"A\\" + odd, odd, text));
     EXPECT_EQ(text, odd);
-    EXPECT_TRUE(settings::ReadString(key, u"empty", text));
-    EXPECT_EQ(text, u"");
-    EXPECT_TRUE(settings::ReadDword(key, u"=", number));
-    EXPECT_EQ(number, 1u);
     std::string file = ReadFileText(m_file);
-    EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 4);
+    EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 2);
     EXPECT_FALSE(settings::WriteDword(u"\\", u"name", 1));
     EXPECT_FALSE(settings::WriteDword(u"k", u"", 1));
 }
@@ -129,17 +119,6 @@ TEST_F(Settings, DeletingAKeyRemovesItsSubkeysOnly)
     EXPECT_TRUE(settings::ReadDword(u"A\\BC", u"v", value));
     EXPECT_TRUE(settings::DeleteKey(u"nothing"));
     EXPECT_FALSE(settings::DeleteKey(u""));
-}
-
-TEST_F(Settings, ADamagedFileLeavesTheDefaultsAndIsNotOverwritten)
-{
-    const std::string damaged("\x01\xFF[Control Panel\\Colors\nWindow=sz:1 2\n\0\0[k\nv=dword:", 48);
-    WriteSettingsFile(damaged);
-    EXPECT_EQ(vesk::platform::SystemColor(5), 0xFFFFFFu);
-    uint32_t value = 5;
-    EXPECT_FALSE(settings::ReadDword(u"k", u"v", value));
-    EXPECT_EQ(value, 5u);
-    EXPECT_EQ(ReadFileText(m_file), damaged);
 }
 
 TEST_F(Settings, AnUnreadableFileLeavesTheDefaultsAndIsNotOverwritten)
