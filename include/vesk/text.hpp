@@ -1,0 +1,4 @@
+#pragma once
+
+// Text: the byte string SString.
+#include <vesk/text/SString.hpp>

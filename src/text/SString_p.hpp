@@ -1,0 +1,81 @@
+#pragma once
+
+#include "text/SStringData_p.hpp"
+#include "text/SpinLock_p.hpp"
+
+namespace vesk {
+
+// Holds the string's lock word while it reads or changes its record pointer.
+class SStringLock : public SpinGuard {
+public:
+    explicit SStringLock(const SString& s) noexcept : SpinGuard(s.m_nLock) {}
+};
+
+// Holds the lock words of two strings, taken in address order so that two threads comparing
+// the same pair in opposite order cannot deadlock; one word when both are the same string.
+class SStringPairLock {
+public:
+    SStringPairLock(const SString& a, const SString& b) noexcept;
+    ~SStringPairLock();
+    SStringPairLock(const SStringPairLock&) = delete;
+    SStringPairLock& operator=(const SStringPairLock&) = delete;
+
+private:
+    std::atomic<uint32_t>* m_pFirst;
+    std::atomic<uint32_t>* m_pSecond;
+};
+
+// A counted reference to another string's record, taken under that string's lock. While it is
+// held the record cannot change, so this string may be locked and changed with it as source
+// even when both are the same string.
+class SStringRef {
+public:
+    explicit SStringRef(const SString& s);
+    ~SStringRef() { SStringData::Release(m_p); }
+    SStringRef(const SStringRef&) = delete;
+    SStringRef& operator=(const SStringRef&) = delete;
+
+    SStringData* Get() const noexcept { return m_p; }
+    SStringData* operator->() const noexcept { return m_p; }
+    // Hands the reference over to a new owner.
+    SStringData* Take() noexcept
+    {
+        SStringData* rec = m_p;
+        m_p = SStringData::Empty();
+        return rec;
+    }
+
+private:
+    SStringData* m_p;
+};
+
+// Internal access for the library's other string code and for tests.
+struct SStringAccess {
+    static const SStringData* Record(const SString& s) noexcept { return s.m_pData; }
+    static void InitStringRes(SString& s, const char* data, unsigned int n) { s.InitStringRes(data, n); }
+};
+
+// The helpers below work on a string's record slot; the caller holds the string's lock.
+
+// Puts `rec` in the slot and drops the record it held.
+inline void SStringSetRecord(SStringData*& slot, SStringData* rec) noexcept
+{
+    SStringData* old = slot;
+    slot = rec;
+    SStringData::Release(old);
+}
+
+// Gives the slot a record of its own (exactly the current length) before an in-place change.
+void SStringMakeUnique(SStringData*& slot);
+
+// Appends n bytes, cut so that the length stays within STRING_MAXLEN: in place when the
+// record is private and has room, else into a new record that grows by half when the old one
+// was private. The UTF-8 flag is left to the caller.
+void SStringAppend(SStringData*& slot, const char* text, uint32_t n);
+
+// Erases `length` characters at `index` (cut to the text; nothing at or past the end): all of
+// them gives the empty record, a tail is cut off in the unique record, anything else builds a
+// new record of the remaining length with the same flag.
+void SStringErase(SStringData*& slot, uint32_t index, uint32_t length);
+
+} // namespace vesk
