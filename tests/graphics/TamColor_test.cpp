@@ -124,6 +124,28 @@ TEST(TamColor, HexDigits)
     EXPECT_EQ(TamColor::GetHexValue('#'), 0);
 }
 
+TEST(TamColor, HtmlTextReadsSixDigitsAfterTheFirstCharacter)
+{
+    ExpectRgb(TamColor(SString("#12ab3G")), 18, 171, 64);
+    ExpectRgb(TamColor(SString("x00FF80")), 0, 255, 128);     // the first character is not checked
+    ExpectRgb(TamColor(SString("#102030 and more")), 16, 32, 48);
+    ExpectRgb(TamColor(SString("#GZ-+zz")), 16 * 16 + 35, 0, 0); // no range check, junk reads 0
+    ExpectRgb(TamColor(SString("#123")), 255, 255, 255);
+    ExpectRgb(TamColor(SString("#12345")), 255, 255, 255);
+    ExpectRgb(TamColor(SString("")), 255, 255, 255);
+}
+
+TEST(TamColor, TextForms)
+{
+    EXPECT_STREQ(Rgb(1, 2, 255).GetHTMLStr(), "#0102FF");
+    EXPECT_STREQ(Rgb(16, 0, 171).GetHTMLStr(), "#1000AB");
+    for (const char* text : {"#000000", "#FFFFFF", "#0A1B2C", "#F00F80"})
+        EXPECT_STREQ(TamColor(SString(text)).GetHTMLStr(), text);
+    EXPECT_STREQ(TamColor(SString("#GG0000")).GetHTMLStr(), "#1100000"); // 272 needs three digits
+    EXPECT_STREQ(Rgb(7, 80, 255).GetTestStr(), "r=7 g=80 b=255");
+    EXPECT_STREQ(RGBAlpha(7, 80, 255, 0).GetStr(), "r=7g=80b=255a=0");
+}
+
 TEST(TransparentColor, KeepsColourAndOpacity)
 {
     TransparentColor t(Rgb(1, 2, 3), 40);

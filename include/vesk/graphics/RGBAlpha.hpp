@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vesk/export.hpp>
+#include <vesk/text/SString.hpp>
 
 #include <cstdint>
 
@@ -39,6 +40,8 @@ public:
     void MixTransparent(const TamColor& background);
     // Multiplies each colour byte by alpha / 255; alpha stays.
     void PreMultiplyAlpha();
+    // "r=<red>g=<green>b=<blue>a=<alpha>" in decimal, without blanks.
+    SString GetStr() const;
 
     bool operator==(const RGBAlpha& other) const = default;
 

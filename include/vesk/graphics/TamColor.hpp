@@ -2,6 +2,7 @@
 
 #include <vesk/export.hpp>
 #include <vesk/graphics/ColorName.hpp>
+#include <vesk/text/SString.hpp>
 
 #include <cstdint>
 
@@ -24,6 +25,9 @@ public:
     explicit TamColor(int32_t colorRef) : TamColor(static_cast<uint32_t>(colorRef)) {}
     // From 16-bit-scale channels: each becomes min(v >> 8, 255).
     TamColor(uint32_t red, uint32_t green, uint32_t blue);
+    // From an HTML colour text "#RRGGBB": characters 1 to 6 are read with GetHexValue, the
+    // first one is not looked at; white when the text is shorter than 7 characters.
+    explicit TamColor(const SString& html);
 
     // 16-bit view of the channels: the stored value times 256.
     uint16_t GetRed() const { return static_cast<uint16_t>(m_nRed << 8); }
@@ -58,6 +62,10 @@ public:
     TamColor GetGrayValue() const;
     // GDI+ ARGB value with alpha = opacityPercent * 255 / 100 (integer, low 8 bits).
     uint32_t GetGdiplusColor(int opacityPercent) const;
+    // "#RRGGBB" with upper-case hexadecimal digits.
+    SString GetHTMLStr() const;
+    // "r=<red> g=<green> b=<blue>" with the 8-bit values in decimal.
+    SString GetTestStr() const;
 
     // Each channel times percent / 100, capped at 255; returns the new colour.
     TamColor ChangeBrightness(int percent);
