@@ -12,22 +12,17 @@ namespace {
 
 TEST(KeyScan, PunctuationAsAUsKeyboardTypesIt)
 {
-    SystemInfo& info = GetSystemInfo();
-    EXPECT_EQ(info.KeyScan(u'+'), 0x1BB);
-    EXPECT_EQ(info.KeyScan(u'-'), 0x0BD);
-    EXPECT_EQ(info.KeyScan(u'*'), 0x138);
-    EXPECT_EQ(info.KeyScan(u'/'), 0x0BF);
-    EXPECT_EQ(info.KeyScan(u'.'), 0x0BE);
-    EXPECT_EQ(info.KeyScan(u','), 0x0BC);
-    EXPECT_EQ(info.KeyScan(u'<'), 0x1BC);
-    EXPECT_EQ(info.KeyScan(u'>'), 0x1BE);
-    EXPECT_EQ(info.KeyScan(u'='), 0x0BB);
-    EXPECT_EQ(info.KeyScan(u'a'), 0x041);
-    EXPECT_EQ(info.KeyScan(u'A'), 0x141);
-    EXPECT_EQ(info.KeyScan(u'7'), 0x037);
-    EXPECT_EQ(info.KeyScan(u'\t'), 0x009);
-    EXPECT_EQ(info.KeyScan(u'\u00E9'), KEYSCAN_NONE);
-    EXPECT_EQ(info.KeyScan(u'\x7F'), KEYSCAN_NONE);
+    const struct
+    {
+        char16_t ch;
+        uint16_t code;
+    } cases[] = {
+        {u'+', 0x1BB}, {u'-', 0x0BD}, {u'*', 0x138}, {u'/', 0x0BF},  {u'.', 0x0BE},
+        {u',', 0x0BC}, {u'<', 0x1BC}, {u'>', 0x1BE}, {u'=', 0x0BB},  {u'a', 0x041},
+        {u'A', 0x141}, {u'7', 0x037}, {u'\t', 0x009}, {u'\u00E9', KEYSCAN_NONE}, {u'\x7F', KEYSCAN_NONE},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(GetSystemInfo().KeyScan(c.ch), c.code) << int(c.ch);
 }
 
 TEST(KeyScan, EveryPrintableCharacterHasItsOwnKey)
