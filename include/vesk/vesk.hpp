@@ -4,6 +4,7 @@
 #include <vesk/containers.hpp>
 #include <vesk/datetime.hpp>
 #include <vesk/export.hpp>
+#include <vesk/files.hpp>
 #include <vesk/frame.hpp>
 #include <vesk/graphics.hpp>
 #include <vesk/links.hpp>
