@@ -1,8 +1,11 @@
 #include "platform/keyboard.hpp"
 #include "platform/sysinfo.hpp"
+#include "support/FileText.hpp"
+#include "support/TempDir.hpp"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 #include <thread>
 #include <vector>
@@ -70,6 +73,35 @@ TEST(WindowClass, NameFollowsTheAttributes)
     EXPECT_EQ(WindowClassName(8, 6), u"Vesk:8:6");
     EXPECT_EQ(WindowClassName(0x4008, 0), u"Vesk:4008:0");
     EXPECT_NE(WindowClassName(8, 6), WindowClassName(8, 7));
+}
+
+// The screen-reader flag as the desktop's settings give it, read in a fresh process (GLib
+// keeps its settings backend and config directory once chosen) through GLib's key-file backend.
+int ScreenReaderInFreshProcess(const std::string& settingsText)
+{
+    test::TempDir config;
+    std::filesystem::create_directories(config.File("glib-2.0/settings"));
+    if (!settingsText.empty())
+        test::WriteFileText(config.File("glib-2.0/settings/keyfile"), settingsText);
+    ::setenv("GSETTINGS_BACKEND", "keyfile", 1);
+    ::setenv("XDG_CONFIG_HOME", config.Path().c_str(), 1);
+    bool running = false;
+    int result = GetSystemInfo().GetScreenReader(running) ? (running ? 2 : 1) : 0;
+    // _Exit skips destructors (and GLib's leftovers in the leak check), so clean up first.
+    std::filesystem::remove_all(config.Path());
+    std::_Exit(result);
+}
+
+TEST(SystemInfo, ScreenReaderFollowsTheDesktopSetting)
+{
+    if (!std::filesystem::exists("/usr/share/glib-2.0/schemas/org.gnome.desktop.a11y.applications.gschema.xml"))
+        GTEST_SKIP() << "the desktop's accessibility schema is not installed";
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(ScreenReaderInFreshProcess("[org/gnome/desktop/a11y/applications]\nscreen-reader-enabled=true\n"),
+                ::testing::ExitedWithCode(2), "");
+    EXPECT_EXIT(ScreenReaderInFreshProcess("[org/gnome/desktop/a11y/applications]\nscreen-reader-enabled=false\n"),
+                ::testing::ExitedWithCode(1), "");
+    EXPECT_EXIT(ScreenReaderInFreshProcess(""), ::testing::ExitedWithCode(1), "");
 }
 
 TEST(SystemInfo, InstalledInfoTakesOverUntilRemoved)
