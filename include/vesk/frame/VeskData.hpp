@@ -13,7 +13,7 @@
 namespace vesk {
 
 // The library's own registered window messages.
-enum UserMessageCode
+enum UserMessageCode : int
 {
     USERMSG_DRAG_RENDER = 0, // "VeskMFCDragRender"
     USERMSG_DROP = 1,        // "VeskMFCDrop"
@@ -30,7 +30,7 @@ struct ColorTableEntry
 };
 
 // Indexes of VeskData::GetKeyCode: the characters whose keys the library asks for.
-enum VeskKey
+enum VeskKey : int
 {
     VESKKEY_PLUS = 0, // "+"
     VESKKEY_MINUS,    // "-"
@@ -45,7 +45,7 @@ enum VeskKey
 };
 
 // Indexes of VeskData::GetMediaKeyCode.
-enum VeskMediaKey
+enum VeskMediaKey : int
 {
     VESKMEDIA_NEXT_TRACK = 0,
     VESKMEDIA_PREV_TRACK,

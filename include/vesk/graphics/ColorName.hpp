@@ -3,8 +3,9 @@
 namespace vesk {
 
 // Rows of the library's colour table. Rows 16 to 28 follow the desktop's colour scheme and
-// are refreshed by VeskData::InitColorTable; the others are fixed.
-enum ColorName
+// are refreshed by VeskData::InitColorTable; the others are fixed. The underlying type is
+// fixed so that any int is a valid value and readers can reject those outside the table.
+enum ColorName : int
 {
     COL_BLACK = 0,
     COL_BLUE,
