@@ -62,8 +62,12 @@ public:
     // Update with the entry.
     explicit FileStat(const DirEntry& entry);
 
-    // Resets, then reads the status of the entry (see the source for the rules); true on
-    // success. A wildcard name succeeds with FSYS_KIND_WILD without a look at the disk.
+    // Resets (error FSYS_ERR_INVALID), then: an invalid entry fails; a name with '?', '*' or
+    // ';' gives FSYS_KIND_WILD and ".." gives FSYS_KIND_DIR, both without a look at the disk;
+    // another name is read by path (a failure leaves kind FSYS_KIND_FILE). Without a name, a
+    // drive entry gets its drive kind and style; any other entry is a directory: a root (the
+    // full text without closing separators equals the device) without a look at the disk,
+    // else read by path (a failure still leaves kind FSYS_KIND_DIR). True on success.
     bool Update(const DirEntry& entry);
     // Reads the status of a path: first its characters in UTF-8, then its bytes. On failure
     // kind 0 and FSYS_ERR_NOTFOUND, the other fields keep their values; on success the
