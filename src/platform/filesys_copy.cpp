@@ -84,7 +84,8 @@ bool CopyFile(const char* from, const char* to)
     if (!source.IsOpen() || fstat(source.Get(), &st) != 0 || !S_ISREG(st.st_mode))
         return false;
     const std::string dir = DirectoryOf(to);
-    std::string temp = dir + "/." + std::string(LastName(to)) + ".XXXXXX";
+    // Hidden, and short enough for any name length the target may have.
+    std::string temp = dir + "/." + std::string(LastName(to).substr(0, 200)) + ".XXXXXX";
     FileDescriptor copy(mkostemp(temp.data(), O_CLOEXEC));
     if (!copy.IsOpen())
         return false;
@@ -100,12 +101,13 @@ bool CopyFile(const char* from, const char* to)
 
 bool MovePath(const char* from, const char* to)
 {
-    if (rename(from, to) == 0)
+    const std::string source(WithoutClosingSlashes(from));
+    if (rename(source.c_str(), to) == 0)
         return true;
     struct stat st {};
-    if (errno != EXDEV || lstat(from, &st) != 0 || !S_ISREG(st.st_mode))
+    if (errno != EXDEV || lstat(source.c_str(), &st) != 0 || !S_ISREG(st.st_mode))
         return false;
-    return CopyFile(from, to) && unlink(from) == 0;
+    return CopyFile(source.c_str(), to) && unlink(source.c_str()) == 0;
 }
 
 } // namespace vesk::platform

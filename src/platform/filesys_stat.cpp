@@ -80,7 +80,7 @@ bool QueryAttributes(const char* path, FileAttributes& out)
 bool IsDirectory(const char* path, bool followLink)
 {
     struct stat st {};
-    const int rc = followLink ? stat(path, &st) : lstat(path, &st);
+    const int rc = followLink ? stat(path, &st) : lstat(std::string(WithoutClosingSlashes(path)).c_str(), &st);
     return rc == 0 && S_ISDIR(st.st_mode);
 }
 

@@ -58,15 +58,17 @@ bool MakeDirectories(const char* path)
 
 bool RemoveEntry(const char* path)
 {
-    if (unlink(path) == 0)
+    const std::string name(WithoutClosingSlashes(path));
+    if (unlink(name.c_str()) == 0)
         return true;
-    return errno == EISDIR && rmdir(path) == 0;
+    return errno == EISDIR && rmdir(name.c_str()) == 0;
 }
 
 bool RemoveTree(const char* path)
 {
-    const int fd = open(path, DIRECTORY_FLAGS);
-    return fd >= 0 && RemoveContents(fd) && rmdir(path) == 0;
+    const std::string name(WithoutClosingSlashes(path));
+    const int fd = open(name.c_str(), DIRECTORY_FLAGS);
+    return fd >= 0 && RemoveContents(fd) && rmdir(name.c_str()) == 0;
 }
 
 bool CreateUniqueFile(std::string& pattern, int suffixLength)

@@ -61,7 +61,7 @@ TEST_F(DirEntryFiles, KillRemovesOneObject)
 {
     ASSERT_TRUE(WriteFile(dir / "target", "keep"));
     ASSERT_EQ(symlink((dir / "target").c_str(), (dir / "link").c_str()), 0);
-    EXPECT_TRUE(Entry(dir / "link").Kill());
+    EXPECT_TRUE(Entry(dir / "link/").Kill());
     EXPECT_FALSE(PathExists(dir / "link"));
     EXPECT_EQ(ReadFile(dir / "target"), "keep");
     EXPECT_TRUE(Entry(dir / "target").Kill());
@@ -83,7 +83,9 @@ TEST_F(DirEntryFiles, KillDirNeverLeavesTheTree)
     ASSERT_EQ(symlink((dir / "outside").c_str(), (dir / "dirlink").c_str()), 0);
 
     EXPECT_FALSE(Entry(dir / "dirlink").KillDir());
+    EXPECT_FALSE(Entry(dir / "dirlink/").KillDir());
     EXPECT_TRUE(PathExists(dir / "dirlink"));
+    EXPECT_EQ(ReadFile(dir / "outside/precious"), "x");
     EXPECT_TRUE(Entry(dir / "tree/").KillDir());
     EXPECT_FALSE(PathExists(dir / "tree"));
     EXPECT_EQ(ReadFile(dir / "outside/precious"), "x");
@@ -135,6 +137,7 @@ TEST_F(DirEntryFiles, NormalDirectories)
     EXPECT_TRUE(Entry(dir / "d").IsNormalDir());
     EXPECT_TRUE(Entry(dir / "d/").IsNormalDir());
     EXPECT_FALSE(Entry(dir / "link").IsNormalDir());
+    EXPECT_FALSE(Entry(dir / "link/").IsNormalDir());
     EXPECT_FALSE(Entry(dir / "f").IsNormalDir());
     EXPECT_FALSE(Entry(dir / "d/..").IsNormalDir());
     EXPECT_FALSE(Entry(dir / "d/./").IsNormalDir());
