@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace vesk::test {
 
@@ -20,9 +22,20 @@ TempDir::~TempDir()
     if (m_path.empty())
         return;
     std::error_code ignored;
-    // Permissions a test took away must not keep the folder alive.
-    std::filesystem::permissions(m_path, std::filesystem::perms::owner_all, std::filesystem::perm_options::add, ignored);
     std::filesystem::remove_all(m_path, ignored);
+}
+
+vesk::DirEntry PathEntry(const std::string& path)
+{
+    return vesk::DirEntry(vesk::SString(path.c_str()));
+}
+
+std::string OtherFileSystem(const TempDir& dir)
+{
+    struct stat here {}, shm {};
+    const bool other = stat(dir.Path().c_str(), &here) == 0 && stat("/dev/shm", &shm) == 0 && here.st_dev != shm.st_dev
+        && access("/dev/shm", W_OK) == 0;
+    return other ? "/dev/shm" : "";
 }
 
 bool WriteFile(const std::string& path, const std::string& content)

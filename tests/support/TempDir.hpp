@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vesk/files.hpp>
+
 #include <string>
 
 namespace vesk::test {
@@ -20,6 +22,12 @@ public:
 private:
     std::string m_path;
 };
+
+// The entry of a path.
+vesk::DirEntry PathEntry(const std::string& path);
+
+// "/dev/shm" when it is writable and lies on another file system than `dir`, else "".
+std::string OtherFileSystem(const TempDir& dir);
 
 // Writes `content` to a new or truncated file; false on failure.
 bool WriteFile(const std::string& path, const std::string& content);
