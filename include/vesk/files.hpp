@@ -1,5 +1,7 @@
 #pragma once
 
-// Files: path values (DirEntry) and file status (FileStat).
+// Files: path values (DirEntry), file status (FileStat) and wildcard patterns for names
+// (WildCard).
 #include <vesk/files/DirEntry.hpp>
 #include <vesk/files/FileStat.hpp>
+#include <vesk/files/WildCard.hpp>
