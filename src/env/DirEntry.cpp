@@ -6,7 +6,6 @@
 
 namespace vesk {
 
-using detail::HasChar;
 using detail::IsSeparator;
 
 namespace {
@@ -205,7 +204,7 @@ SString DirEntry::GetFull(bool withSeparator) const
     if (withSeparator) {
         const unsigned int len = full.Len();
         if (len == 0 || !IsSeparator(full[len - 1]))
-            full += HasChar(full, '/') ? '/' : '\\';
+            full += full.Search('/') != STRING_NOTFOUND ? '/' : '\\';
     }
     return full;
 }
@@ -226,6 +225,31 @@ bool DirEntry::IsRoot() const
 bool DirEntry::HasLegalName() const
 {
     return HasName() && m_aBase != "..";
+}
+
+bool DirEntry::IsFile() const
+{
+    return m_aDevice.ICompare("file:", 5) == COMPARE_EQUAL;
+}
+
+bool DirEntry::IsFtp() const
+{
+    return m_aDevice.ICompare("ftp:", 4) == COMPARE_EQUAL;
+}
+
+bool DirEntry::IsHttp() const
+{
+    return m_aDevice.ICompare("http:", 5) == COMPARE_EQUAL || IsHttps();
+}
+
+bool DirEntry::IsHttps() const
+{
+    return m_aDevice.ICompare("https:", 6) == COMPARE_EQUAL;
+}
+
+bool DirEntry::IsData() const
+{
+    return m_aDevice.ICompare("data:", 5) == COMPARE_EQUAL;
 }
 
 } // namespace vesk

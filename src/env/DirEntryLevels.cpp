@@ -14,7 +14,7 @@ namespace detail {
 
 char SeparatorFor(const SString& text)
 {
-    return HasChar(text, '\\') && !HasChar(text, '/') ? '\\' : '/';
+    return text.Search('\\') != STRING_NOTFOUND && text.Search('/') == STRING_NOTFOUND ? '\\' : '/';
 }
 
 PathLevels SplitLevels(const DirEntry& entry)

@@ -27,11 +27,6 @@ inline std::string_view View(const SString& s)
     return {static_cast<const char*>(s), s.Len()};
 }
 
-inline bool HasChar(const SString& s, char c)
-{
-    return View(s).find(c) != std::string_view::npos;
-}
-
 // The separator to put between two levels of `text`: '\' when it separates only with '\',
 // else '/'.
 char SeparatorFor(const SString& text);

@@ -108,7 +108,7 @@ bool FileStat::Update(const DirEntry& entry)
     if (!entry.IsValid())
         return false;
     const SString name = entry.GetName();
-    if (detail::View(name).find_first_of("?*;") != std::string_view::npos) {
+    if (name.Search('?') != STRING_NOTFOUND || name.Search('*') != STRING_NOTFOUND || name.Search(';') != STRING_NOTFOUND) {
         m_nKind = FSYS_KIND_WILD;
         m_eError = FSYS_ERR_OK;
         return true;

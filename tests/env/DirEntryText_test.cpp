@@ -109,6 +109,18 @@ TEST(DirEntryParse, FullTextAndNames)
     EXPECT_TRUE(DirEntry("dir/..x").HasLegalName());
 }
 
+TEST(DirEntryParse, UrlSchemes)
+{
+    const DirEntry https("HTTPS://host/x");
+    EXPECT_TRUE(https.IsHttp());
+    EXPECT_TRUE(https.IsHttps());
+    EXPECT_FALSE(DirEntry("http://h/x").IsHttps());
+    EXPECT_TRUE(DirEntry("File:///x").IsFile());
+    EXPECT_TRUE(DirEntry("ftp://h").IsFtp());
+    EXPECT_TRUE(DirEntry("data:x").IsData());
+    EXPECT_FALSE(DirEntry("fil:x").IsFile());
+}
+
 TEST(DirEntryParse, DevicesAndRoots)
 {
     const DirEntry device = DirEntry("C:\\dir\\x").GetDevice();
