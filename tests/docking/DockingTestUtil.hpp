@@ -1,0 +1,66 @@
+#pragma once
+
+#include "text/SStringTestUtil.hpp"
+
+#include <vesk/docking.hpp>
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+namespace vesk::test {
+
+using ByteVec = std::vector<uint8_t>;
+
+// The content of a buffer, without the 4-byte length in front.
+inline ByteVec Content(const DataBuffer& buffer)
+{
+    const ByteVec all = buffer.GetBytes();
+    return ByteVec(all.begin() + DATABUFFER_CONTENT_START, all.end());
+}
+
+// A buffer holding `content`, its cursor on the first content byte.
+inline DataBuffer BufferOf(const ByteVec& content)
+{
+    DataBuffer buffer;
+    buffer.WriteBytes(content.data(), static_cast<int32_t>(content.size()));
+    buffer.SetPos(DATABUFFER_CONTENT_START);
+    return buffer;
+}
+
+// Builds stored records byte by byte, independently of DataBuffer.
+class RecordBuilder {
+public:
+    RecordBuilder& U32(uint32_t v)
+    {
+        for (int i = 0; i < 4; ++i)
+            m_bytes.push_back(static_cast<uint8_t>(v >> (8 * i)));
+        return *this;
+    }
+    RecordBuilder& I32(int32_t v) { return U32(static_cast<uint32_t>(v)); }
+    RecordBuilder& U8(uint8_t v)
+    {
+        m_bytes.push_back(v);
+        return *this;
+    }
+    RecordBuilder& Str(const std::string& text)
+    {
+        U32(static_cast<uint32_t>(text.size()));
+        m_bytes.insert(m_bytes.end(), text.begin(), text.end());
+        return *this;
+    }
+    // A section: its body's length, then the body.
+    RecordBuilder& Section(const RecordBuilder& body)
+    {
+        U32(static_cast<uint32_t>(body.m_bytes.size()));
+        m_bytes.insert(m_bytes.end(), body.m_bytes.begin(), body.m_bytes.end());
+        return *this;
+    }
+    const ByteVec& Get() const { return m_bytes; }
+
+private:
+    ByteVec m_bytes;
+};
+
+} // namespace vesk::test
