@@ -9,7 +9,15 @@
 #include <string>
 #include <vector>
 
-namespace vesk::test {
+namespace vesk {
+
+// Lets GoogleTest show a neighbour by its dump text.
+inline void PrintTo(const DockNeighbour& n, std::ostream* os)
+{
+    PrintTo(n.GetStr(), os);
+}
+
+namespace test {
 
 using ByteVec = std::vector<uint8_t>;
 
@@ -63,4 +71,5 @@ private:
     ByteVec m_bytes;
 };
 
-} // namespace vesk::test
+} // namespace test
+} // namespace vesk
