@@ -30,11 +30,11 @@ inline uint32_t LoadLE32(const uint8_t* p)
 }
 
 // The byte array that buffer copies share: a 16-byte header, then nCap bytes whose first 4
-// hold the content length. nRefs counts the additional owners and is guarded by nLock, so
-// buffers that share the array may release it from different threads.
+// hold the content length. nRefs counts the additional owners; it changes under nLock, so
+// buffers that share the array may take and release it from different threads.
 struct DataBufferArray {
     std::atomic<uint32_t> nLock;
-    uint32_t nRefs;
+    std::atomic<uint32_t> nRefs;
     int32_t nCap;
     uint32_t nPad;
 
@@ -51,7 +51,7 @@ struct DataBufferArray {
         void* block = std::malloc(sizeof(DataBufferArray) + static_cast<size_t>(cap));
         if (!block)
             return nullptr;
-        auto* array = new (block) DataBufferArray{{0}, 0, cap, 0};
+        auto* array = new (block) DataBufferArray{{0}, {0}, cap, 0};
         std::memset(array->Bytes(), 0, DATABUFFER_CONTENT_START);
         if (copy > 0)
             std::memcpy(array->Bytes(), from, static_cast<size_t>(copy));
@@ -61,14 +61,13 @@ struct DataBufferArray {
     void AddRef()
     {
         SpinGuard guard(nLock);
-        ++nRefs;
+        nRefs.fetch_add(1, std::memory_order_relaxed);
     }
 
-    bool IsShared()
-    {
-        SpinGuard guard(nLock);
-        return nRefs != 0;
-    }
+    // Needs no lock while the caller holds the lock of a buffer that owns the array: owners
+    // are only added by copying an owner under its lock, so a count of 0 cannot rise meanwhile,
+    // and a count that falls at the same time only costs an unneeded copy.
+    bool IsShared() const { return nRefs.load(std::memory_order_acquire) != 0; }
 
     // Drops one owner; the last one frees the array.
     static void Release(DataBufferArray* array)
@@ -77,8 +76,8 @@ struct DataBufferArray {
             return;
         {
             SpinGuard guard(array->nLock);
-            if (array->nRefs != 0) {
-                --array->nRefs;
+            if (array->nRefs.load(std::memory_order_relaxed) != 0) {
+                array->nRefs.fetch_sub(1, std::memory_order_release);
                 return;
             }
         }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <utility>
 
 namespace vesk {
 
@@ -129,7 +130,7 @@ bool DataBuffer::ReadString(SString& text, int32_t limit)
         SString read(bytes, 0, std::min(unsigned(n), STRING_MAXLEN), true);
         if (SString::MayBeUTF8(bytes, unsigned(n)))
             read.SetIsUTF8();
-        text = read;
+        text = std::move(read);
         m_nPos += n;
     }
     if (m_nStringBudget != DATABUFFER_NO_BUDGET)

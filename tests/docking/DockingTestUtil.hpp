@@ -5,8 +5,8 @@
 #include <vesk/docking.hpp>
 
 #include <cstdint>
-#include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vesk {
@@ -40,31 +40,23 @@ inline DataBuffer BufferOf(const ByteVec& content)
 // Builds stored records byte by byte, independently of DataBuffer.
 class RecordBuilder {
 public:
+    explicit RecordBuilder(ByteVec bytes = {}) : m_bytes(std::move(bytes)) {}
     RecordBuilder& U32(uint32_t v)
     {
-        for (int i = 0; i < 4; ++i)
-            m_bytes.push_back(static_cast<uint8_t>(v >> (8 * i)));
+        for (int i = 0; i < 32; i += 8)
+            m_bytes.push_back(static_cast<uint8_t>(v >> i));
         return *this;
     }
     RecordBuilder& I32(int32_t v) { return U32(static_cast<uint32_t>(v)); }
-    RecordBuilder& U8(uint8_t v)
+    RecordBuilder& U8(uint8_t v) { return Append(RecordBuilder({v})); }
+    RecordBuilder& Str(const std::string& text) { return U32(uint32_t(text.size())).Append(RecordBuilder({text.begin(), text.end()})); }
+    RecordBuilder& Append(const RecordBuilder& more)
     {
-        m_bytes.push_back(v);
+        m_bytes.insert(m_bytes.end(), more.m_bytes.begin(), more.m_bytes.end());
         return *this;
     }
-    RecordBuilder& Str(const std::string& text)
-    {
-        U32(static_cast<uint32_t>(text.size()));
-        m_bytes.insert(m_bytes.end(), text.begin(), text.end());
-        return *this;
-    }
-    // A section: its body's length, then the body.
-    RecordBuilder& Section(const RecordBuilder& body)
-    {
-        U32(static_cast<uint32_t>(body.m_bytes.size()));
-        m_bytes.insert(m_bytes.end(), body.m_bytes.begin(), body.m_bytes.end());
-        return *this;
-    }
+    // A section: the body's length, then the body.
+    RecordBuilder& Section(const RecordBuilder& body) { return U32(uint32_t(body.m_bytes.size())).Append(body); }
     const ByteVec& Get() const { return m_bytes; }
 
 private:
