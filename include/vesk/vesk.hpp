@@ -6,6 +6,9 @@
 #include <vesk/docking.hpp>
 #include <vesk/errcode.hpp>
 #include <vesk/export.hpp>
+#include <vesk/files.hpp>
+#include <vesk/frame.hpp>
+#include <vesk/graphics.hpp>
 #include <vesk/links.hpp>
 #include <vesk/text.hpp>
 #include <vesk/values.hpp>
