@@ -1,6 +1,7 @@
 #include "platform/locale_source.hpp"
 
 #include "support/EnvGuard.hpp"
+#include "support/GlobalLocaleGuard.hpp"
 #include "support/LocaleGuard.hpp"
 
 #include <gtest/gtest.h>
@@ -93,8 +94,8 @@ TEST(LocaleSource, EachCategoryFollowsItsOwnVariable)
 TEST(LocaleSource, ProcessLocaleComesFirst)
 {
     LocaleGuard env("de_DE.UTF-8");
-    test::ProcessLocaleGuard process(LC_TIME, "en_GB.UTF-8");
-    ASSERT_TRUE(process.Available());
+    test::GlobalLocaleGuard process(LC_TIME, "en_GB.UTF-8");
+    ASSERT_TRUE(process.Active());
     EXPECT_EQ(IntlKeysFromLocale()["sShortDate"], "dd/MM/yy");
     EXPECT_EQ(IntlKeysFromLocale()["sDecimal"], ",");
     EXPECT_EQ(UserDefaultLCID(), 2057u);

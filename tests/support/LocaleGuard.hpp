@@ -2,8 +2,6 @@
 
 #include "support/EnvGuard.hpp"
 
-#include <string>
-
 namespace vesk::test {
 
 // Names a POSIX locale for every category through LC_ALL in the environment for the guard's
@@ -16,21 +14,6 @@ public:
 
 private:
     EnvGuard m_env;
-    bool m_available;
-};
-
-// Sets one category of the process's locale with setlocale for the guard's lifetime.
-class ProcessLocaleGuard {
-public:
-    ProcessLocaleGuard(int category, const char* name);
-    ~ProcessLocaleGuard();
-    ProcessLocaleGuard(const ProcessLocaleGuard&) = delete;
-    ProcessLocaleGuard& operator=(const ProcessLocaleGuard&) = delete;
-    bool Available() const { return m_available; }
-
-private:
-    int m_category;
-    std::string m_previous;
     bool m_available;
 };
 
