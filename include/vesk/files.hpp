@@ -1,4 +1,5 @@
 #pragma once
 
-// Files: wildcard patterns for names.
+// Files: configuration (profile) files and wildcard patterns for names.
+#include <vesk/files/Config.hpp>
 #include <vesk/files/WildCard.hpp>
