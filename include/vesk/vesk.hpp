@@ -4,6 +4,7 @@
 #include <vesk/containers.hpp>
 #include <vesk/datetime.hpp>
 #include <vesk/export.hpp>
+#include <vesk/files.hpp>
 #include <vesk/links.hpp>
 #include <vesk/text.hpp>
 #include <vesk/values.hpp>

@@ -19,20 +19,13 @@ SString::SString(SString&& s) noexcept : m_pData(SStringData::Empty()), m_nLock(
 SString::SString(const SString& s, unsigned int index, unsigned int length)
     : m_pData(SStringData::Empty()), m_nLock(0)
 {
-    SStringRef src(s);
-    const uint32_t len = src->nLen;
-    if (index == 0 && length >= len) {
-        m_pData = src.Take();
-        return;
-    }
-    if (index > len)
-        return;
-    uint32_t n = std::min(len - index, length);
-    if (n == 0)
-        return;
-    // Wraps for an index past STRING_MAXLEN (a string grown by Expand), leaving n as it is.
-    n = std::min(STRING_MAXLEN - index, n);
-    m_pData = SStringData::Make(src->Text() + index, n, src->IsUTF8());
+    SStringLock lock(s);
+    const uint32_t len = s.m_pData->nLen;
+    // Unlike Copy, a part is cut at STRING_MAXLEN (the difference needs a string grown past
+    // it by Expand); the subtraction wraps for an index past STRING_MAXLEN, keeping the length.
+    if (index != 0 || length < len)
+        length = std::min(STRING_MAXLEN - index, length);
+    m_pData = SStringCopyRange(s.m_pData, index, length);
 }
 
 SString::SString(char c) : m_pData(SStringData::Empty()), m_nLock(0)

@@ -59,11 +59,6 @@ int Order(const SString& a, const char* b)
     return std::strcmp(Rec(a)->Text(), b);
 }
 
-StringCompare ToCompare(int order)
-{
-    return order < 0 ? COMPARE_LESS : order > 0 ? COMPARE_GREATER : COMPARE_EQUAL;
-}
-
 int OrderN(const char* a, const char* b, unsigned int n)
 {
     return n == STRING_LEN ? std::strcmp(a, b) : std::strncmp(a, b, n);
@@ -96,13 +91,13 @@ bool operator>=(const char* a, const SString& b) { return b <= a; }
 StringCompare SString::Compare(const SString& s, unsigned int n) const
 {
     SStringPairLock lock(*this, s);
-    return ToCompare(OrderN(m_pData->Text(), s.m_pData->Text(), n));
+    return SStringToCompare(OrderN(m_pData->Text(), s.m_pData->Text(), n));
 }
 
 StringCompare SString::Compare(const char* text, unsigned int n) const
 {
     SStringLock lock(*this);
-    return ToCompare(OrderN(m_pData->Text(), text ? text : "", n));
+    return SStringToCompare(OrderN(m_pData->Text(), text ? text : "", n));
 }
 
 } // namespace vesk

@@ -27,16 +27,18 @@ SStringPairLock::~SStringPairLock()
 SStringRef::SStringRef(const SString& s)
 {
     SStringLock lock(s);
-    SStringData* rec = s.m_pData;
-    if (!rec->IsEmptyRecord() && !rec->TryAddRef()) {
-        // A saturated count cannot take another owner: the source gets a private copy and
-        // the reference goes to that copy.
-        SStringData* copy = SStringData::Make(rec->Text(), rec->nLen, rec->IsUTF8());
-        copy->nRefs.store(1, std::memory_order_relaxed);
-        SStringSetRecord(s.m_pData, copy);
-        rec = copy;
-    }
-    m_p = rec;
+    m_p = SStringShare(s.m_pData);
+}
+
+SStringData* SStringShare(SStringData*& slot)
+{
+    SStringData* rec = slot;
+    if (rec->IsEmptyRecord() || rec->TryAddRef())
+        return rec;
+    SStringData* copy = SStringData::Make(rec->Text(), rec->nLen, rec->IsUTF8());
+    copy->nRefs.store(1, std::memory_order_relaxed);
+    SStringSetRecord(slot, copy);
+    return copy;
 }
 
 void SStringMakeUnique(SStringData*& slot)

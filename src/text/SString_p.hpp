@@ -55,6 +55,12 @@ struct SStringAccess {
     static void InitStringRes(SString& s, const char* data, unsigned int n) { s.InitStringRes(data, n); }
 };
 
+// The three-way result of a C-library comparison.
+inline StringCompare SStringToCompare(int order) noexcept
+{
+    return order < 0 ? COMPARE_LESS : order > 0 ? COMPARE_GREATER : COMPARE_EQUAL;
+}
+
 // The helpers below work on a string's record slot; the caller holds the string's lock.
 
 // Puts `rec` in the slot and drops the record it held.
@@ -64,6 +70,15 @@ inline void SStringSetRecord(SStringData*& slot, SStringData* rec) noexcept
     slot = rec;
     SStringData::Release(old);
 }
+
+// A new reference to the slot's record for another owner; when the count is saturated the
+// slot first gets a private copy, and the reference goes to that copy.
+SStringData* SStringShare(SStringData*& slot);
+
+// `length` characters from `index` (cut to the rest of the text) as a record for a new owner:
+// the slot's own record for the whole text, the empty record when nothing is left, else a new
+// record with the same flag.
+SStringData* SStringCopyRange(SStringData*& slot, uint32_t index, uint32_t length);
 
 // Gives the slot a record of its own (exactly the current length) before an in-place change.
 void SStringMakeUnique(SStringData*& slot);

@@ -257,4 +257,21 @@ bool CRectangle::MakeInside(TamPoint& p) const
     return false;
 }
 
+SString CRectangle::GetStr() const
+{
+    SString s("l=");
+    s += m_nLeft;
+    s += ", r=";
+    s += m_nRight;
+    s += ", t=";
+    s += m_nTop;
+    s += ", b=";
+    s += m_nBottom;
+    s += ", WID=";
+    s += WrapSub(m_nRight, m_nLeft);
+    s += ", HGT=";
+    s += WrapSub(m_nBottom, m_nTop);
+    return s;
+}
+
 } // namespace vesk

@@ -109,4 +109,9 @@ CRectangle FRectangle::GetBoundingRect() const
                       TruncToInt32(m_fRight - 0.01), TruncToInt32(m_fBottom - 0.01));
 }
 
+SString FRectangle::GetStr() const
+{
+    return SString::F("(%4.2f, %4.2f)/(%4.2f, %4.2f)", m_fLeft, m_fTop, m_fRight, m_fBottom);
+}
+
 } // namespace vesk

@@ -203,20 +203,20 @@ void* Table::Last()
 
 void* Table::Next()
 {
-    CBlock* block = m_pCurBlock;
-    uint16_t index = m_nCurIndex;
-    if (!ImpStepForward(block, index) || !ImpStepForward(block, index))
-        return nullptr;
-    m_pCurBlock = block;
-    m_nCurIndex = index;
-    return ValueAfter(block, index);
+    return StepAssociation(&ImpStepForward);
 }
 
 void* Table::Prev()
 {
+    return StepAssociation(&ImpStepBack);
+}
+
+// Two entry steps make one association; at either end the position stays.
+void* Table::StepAssociation(bool (*step)(CBlock*&, uint16_t&))
+{
     CBlock* block = m_pCurBlock;
     uint16_t index = m_nCurIndex;
-    if (!ImpStepBack(block, index) || !ImpStepBack(block, index))
+    if (!step(block, index) || !step(block, index))
         return nullptr;
     m_pCurBlock = block;
     m_nCurIndex = index;

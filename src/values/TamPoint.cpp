@@ -62,4 +62,13 @@ double TamPoint::GetSqDistance(const TamPoint& p) const
     return std::sqrt(dx * dx + dy * dy);
 }
 
+SString TamPoint::GetStr() const
+{
+    SString s("X=");
+    s += x;
+    s += ", Y=";
+    s += y;
+    return s;
+}
+
 } // namespace vesk

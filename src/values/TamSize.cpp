@@ -102,4 +102,13 @@ TamSize TamSize::ScaleToHeight(int32_t h)
     return *this;
 }
 
+SString TamSize::GetStr() const
+{
+    SString s("WID=");
+    s += m_nWidth;
+    s += ", HGT=";
+    s += m_nHeight;
+    return s;
+}
+
 } // namespace vesk

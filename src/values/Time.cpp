@@ -143,6 +143,18 @@ bool Time::IsBetween(const Time& a, const Time& b) const
     return a <= *this && *this <= b;
 }
 
+SString Time::ToString() const
+{
+    SString s(static_cast<unsigned int>(GetHour()));
+    s += ':';
+    s += static_cast<unsigned int>(GetMin());
+    s += ':';
+    s += static_cast<unsigned int>(GetSec());
+    s += ':';
+    s += static_cast<unsigned int>(Get100Sec());
+    return s;
+}
+
 Time operator+(const Time& a, const Time& b)
 {
     const uint32_t sum = static_cast<uint32_t>(Time::TimeToSec100(a)) + static_cast<uint32_t>(Time::TimeToSec100(b));

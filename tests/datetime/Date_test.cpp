@@ -43,42 +43,30 @@ TEST(Date, DayNumbersMatchTheGregorianCalendarFromYear1To3000)
 
 TEST(Date, FieldsAreReducedButNotValidated)
 {
-    const Date d(131, 113, 12024);
+    Date d(131, 113, 12024);
     EXPECT_EQ(d.GetDate(), 20241331u);
     EXPECT_FALSE(d.IsValid());
-    Date e(15, 3, 2024);
-    EXPECT_EQ(e.ChangeDay(199), 15);
-    EXPECT_EQ(e.ChangeMonth(112), 3);
-    EXPECT_EQ(e.ChangeYear(65535), 2024u);
-    EXPECT_EQ(e.GetDate(), 55351299u);
-    EXPECT_EQ(e.ChangeDate(7), 55351299u);
-    EXPECT_EQ(e.GetDate(), 7u);
-}
-
-TEST(Date, ValidityAcceptsDayZeroAndYearZero)
-{
+    EXPECT_EQ(d.ChangeYear(65535), 2024u);
+    EXPECT_EQ(d.ChangeMonth(112), 13);
+    EXPECT_EQ(d.GetDate(), 55351231u);
     EXPECT_FALSE(Date(29, 2, 1900).IsValid());
     EXPECT_TRUE(Date(0, 0, 2024).IsValid());
     EXPECT_FALSE(Date(1, 0, 2024).IsValid());
     EXPECT_TRUE(Date(0, 3, 2024).IsValid());
     EXPECT_TRUE(Date(31, 12, 0).IsValid());
     EXPECT_FALSE(Date(1, 1, 3001).IsValid());
-    EXPECT_FALSE(Date(1, 13, 2024).IsValid());
 }
 
-TEST(Date, WeekdayAndWeekOfYear)
+TEST(Date, WeekdayOfDayNumberZeroAndWeekOfYear)
 {
-    // Day number 0 wraps to THURSDAY.
     EXPECT_EQ(Date(15, 3, 0).GetDayOfWeek(), THURSDAY);
     EXPECT_EQ(Date(1, 13, 2024).GetDayOfWeek(), THURSDAY);
-
     EXPECT_EQ(Date(1, 1, 2024).GetWeekOfYear(), 1);
     EXPECT_EQ(Date(7, 1, 2024).GetWeekOfYear(), 2);
     // 2021 began on a Friday (w = 4): day 4 has 4 mod 7 > 3.
     EXPECT_EQ(Date(3, 1, 2021).GetWeekOfYear(), 1);
     EXPECT_EQ(Date(4, 1, 2021).GetWeekOfYear(), 2);
     EXPECT_EQ(Date(5, 20, 2023).GetDayOfYear(), 370);
-    EXPECT_EQ(Date(5, 20, 2023).GetDaysInMonth(), 0);
 }
 
 TEST(Date, ArithmeticAcrossMonthAndYearEnds)
@@ -87,15 +75,11 @@ TEST(Date, ArithmeticAcrossMonthAndYearEnds)
     EXPECT_EQ(Date(1, 3, 2024) - 1, Date(29, 2, 2024));
     EXPECT_EQ(Date(1, 1, 2024) - Date(1, 1, 2025), 0u);
     EXPECT_EQ(Date(1, 1, 2025) - Date(1, 1, 2024), 366u);
-
     Date d(28, 2, 2023);
     EXPECT_EQ((++d).GetDate(), 20230301u);
     EXPECT_EQ((d--).GetDate(), 20230301u);
-    EXPECT_EQ(d.GetDate(), 20230228u);
     EXPECT_EQ((d += 366).GetDate(), 20240229u);
     EXPECT_EQ((d -= 365).GetDate(), 20230301u);
-    EXPECT_TRUE((d + 1).IsBetween(d, Date(2, 3, 2023)));
-    EXPECT_FALSE(d.IsBetween(Date(2, 3, 2023), Date(1, 1, 2024)));
 }
 
 TEST(Date, NullDateAndYearZero)
@@ -104,38 +88,26 @@ TEST(Date, NullDateAndYearZero)
     EXPECT_EQ(Date(0u) - 10, Date(0u));
     Date null(0, 0, 0);
     EXPECT_EQ((null++).GetDate(), 0u);
-    EXPECT_EQ((--null).GetDate(), 0u);
     EXPECT_EQ((null -= 5).GetDate(), 0u);
     EXPECT_EQ((null += 5).GetDate(), 105u);
     EXPECT_EQ(DateOfDayNumber(0).GetDate(), 100u);
     EXPECT_EQ(DateOfDayNumber(60).GetDate(), 301u); // year 0 has no leap day
-    EXPECT_EQ(DateOfDayNumber(364).GetDate(), 1230u);
     EXPECT_EQ(DateOfDayNumber(365).GetDate(), 11231u);
-    // A date in year 0 has day number 0, so stepping it restarts at day 1.
-    Date yearZero(15, 6, 0);
+    Date yearZero(15, 6, 0); // day number 0, so stepping restarts at day 1
     EXPECT_EQ((++yearZero).GetDate(), 101u);
 }
 
 TEST(Date, CountsWrapOrGiveNullAsStated)
 {
     const Date d(5, 1, 2024);
-    EXPECT_EQ(DayNumber(d), 738890u);
     EXPECT_EQ(d - 1000000, Date(0u));
-    EXPECT_EQ(d - 738890, Date(0u) + 0);
+    EXPECT_EQ((d - 738890).GetDate(), 100u);
     EXPECT_EQ(d + 0xFFFFFFFFu, Date(0u));
-    // The compound forms wrap: adding 2^32 - 1 steps one day back.
     Date wrapped = d;
-    EXPECT_EQ((wrapped += 0xFFFFFFFFu).GetDate(), 20240104u);
+    EXPECT_EQ((wrapped += 0xFFFFFFFFu).GetDate(), 20240104u); // 2^32 - 1 days on is one day back
     Date far = d;
     far -= 1000000; // unchecked: lands far in the future, with a real month and day
-    EXPECT_NE(far.GetDate(), 0u);
     EXPECT_TRUE(far.GetMonth() >= 1 && far.GetMonth() <= 12 && far.GetDay() >= 1 && far.GetDay() <= 31);
-}
-
-TEST(Date, ComparesRawValues)
-{
-    EXPECT_LT(Date(0u), Date(1, 1, 1));
-    EXPECT_GT(Date(1, 13, 2023), Date(31, 12, 2023));
 }
 
 } // namespace

@@ -21,6 +21,8 @@ TEST(Time, FieldsOfNegativeDurationsComeFromTheMagnitude)
     EXPECT_EQ(t.GetHour(), 2);
     EXPECT_EQ(t.GetMin(), 30);
     EXPECT_EQ(Time::TimeToSec100(t), -900000);
+    EXPECT_EQ(t.ToString(), "2:30:0:0");
+    EXPECT_EQ(Time(1, 5, 3, 7).ToString(), "1:5:3:7");
     EXPECT_EQ(Time(-1020304).GetSec(), 3);
     EXPECT_EQ(Time(-1020304).Get100Sec(), 4);
     EXPECT_EQ(Time(INT32_MIN).GetHour(), 2147);

@@ -20,73 +20,55 @@ public:
 
     void Step()
     {
-        const uint32_t n = static_cast<uint32_t>(m_aModel.size());
-        // Random positions run a little past the count to exercise the clamps.
-        const uint32_t position = Random(n + 3);
+        const auto n = static_cast<uint32_t>(m_aModel.size());
+        const uint32_t position = Random(n + 3); // a little past the count, for the clamps
         void* p = Value();
+        void* other = Value();
+        const uint32_t found = Find(other);
+        void* expected = nullptr;
+        void* actual = nullptr;
         switch (Random(13)) {
-        case 0: InsertAt(m_aModel.empty() ? 0 : m_nCur, p), m_aContainer.Insert(p); break;
+        case 0: InsertAt(n ? m_nCur : 0, p), m_aContainer.Insert(p); break;
         case 1: case 2: InsertAt(std::min(position, n), p), m_aContainer.Insert(p, position); break;
-        case 3: {
-            void* before = Value();
-            const auto found = Find(before);
+        case 3:
             if (found != NOTFOUND)
                 InsertAt(found, p);
-            m_aContainer.Insert(p, before);
+            m_aContainer.Insert(p, other);
             break;
-        }
-        // The model reads the container's block layout before the removal changes it.
-        case 4: {
-            void* expected = n ? RemoveAt(m_nCur) : nullptr;
-            Expect(m_aContainer.Remove(), expected);
-            break;
-        }
-        case 5: {
-            void* expected = position < n ? RemoveAt(position) : nullptr;
-            Expect(m_aContainer.Remove(position), expected);
-            break;
-        }
-        case 6: {
-            const auto found = Find(p);
-            void* expected = found != NOTFOUND ? RemoveAt(found) : nullptr;
-            Expect(m_aContainer.Remove(p), expected);
-            break;
-        }
-        case 7: {
-            void* old = Value();
-            const auto found = Find(old);
-            Expect(m_aContainer.Replace(p, old), found != NOTFOUND ? std::exchange(m_aModel[found], p) : nullptr);
-            break;
-        }
-        case 8: Expect(m_aContainer.Replace(p, position), position < n ? std::exchange(m_aModel[position], p) : nullptr); break;
+        // The model reads the block layout before the removal changes it.
+        case 4: expected = n ? RemoveAt(m_nCur) : nullptr, actual = m_aContainer.Remove(); break;
+        case 5: expected = position < n ? RemoveAt(position) : nullptr, actual = m_aContainer.Remove(position); break;
+        case 6: expected = found != NOTFOUND ? RemoveAt(found) : nullptr, actual = m_aContainer.Remove(other); break;
+        case 7: expected = found != NOTFOUND ? std::exchange(m_aModel[found], p) : nullptr, actual = m_aContainer.Replace(p, other); break;
+        case 8: expected = position < n ? std::exchange(m_aModel[position], p) : nullptr, actual = m_aContainer.Replace(p, position); break;
         case 9:
-            if (n)
-                m_nCur = std::min(position, n - 1);
-            Expect(m_aContainer.Seek(position), n ? m_aModel[m_nCur] : nullptr);
+            m_nCur = n ? std::min(position, n - 1) : m_nCur;
+            expected = n ? m_aModel[m_nCur] : nullptr, actual = m_aContainer.Seek(position);
             break;
-        case 10: {
-            const auto found = Find(p);
-            if (found != NOTFOUND)
-                m_nCur = found;
-            Expect(m_aContainer.Seek(p), found != NOTFOUND ? p : nullptr);
+        case 10:
+            m_nCur = found != NOTFOUND ? found : m_nCur;
+            expected = found != NOTFOUND ? other : nullptr, actual = m_aContainer.Seek(other);
             break;
-        }
         case 11: {
-            const bool forward = Random(2);
-            const bool moves = forward ? m_nCur + 1 < n : m_nCur > 0;
-            m_nCur += moves ? (forward ? 1 : -1) : 0;
-            Expect(forward ? m_aContainer.Next() : m_aContainer.Prev(), moves ? m_aModel[m_nCur] : nullptr);
+            // Next, Prev, First or Last; unsigned wrap-around makes Prev at 0 fail the range test.
+            const uint32_t move = Random(4);
+            const uint32_t target = move == 0 ? m_nCur + 1 : move == 1 ? m_nCur - 1 : move == 2 ? 0 : n - 1;
+            const bool moves = n && target < n;
+            m_nCur = moves ? target : m_nCur;
+            expected = moves ? m_aModel[m_nCur] : nullptr;
+            actual = move == 0 ? m_aContainer.Next() : move == 1 ? m_aContainer.Prev()
+                   : move == 2 ? m_aContainer.First() : m_aContainer.Last();
             break;
         }
         case 12: {
             const uint32_t size = Random(2 * n + 4);
             EXPECT_EQ(m_aContainer.ChangeSize(size), n);
             m_aModel.resize(size, nullptr);
-            if (m_nCur >= size)
-                m_nCur = size ? size - 1 : 0;
+            m_nCur = m_nCur < size ? m_nCur : size ? size - 1 : 0;
             break;
         }
         }
+        EXPECT_EQ(actual, expected);
     }
 
     ::testing::AssertionResult Matches() const
@@ -95,6 +77,9 @@ public:
             return consistent;
         if (m_aContainer.Entries() != m_aModel)
             return ::testing::AssertionFailure() << "entries differ from the model";
+        const auto probe = static_cast<uint32_t>(m_aModel.size() / 2 + 1);
+        if (m_aContainer.GetCntObject(probe) != (probe < m_aModel.size() ? m_aModel[probe] : nullptr))
+            return ::testing::AssertionFailure() << "positional access differs at " << probe;
         const uint32_t cur = m_aModel.empty() ? NOTFOUND : m_nCur;
         if (m_aContainer.GetCurPos() != cur)
             return ::testing::AssertionFailure() << "current " << m_aContainer.GetCurPos() << ", model " << cur;
@@ -103,42 +88,30 @@ public:
 
 private:
     uint32_t Random(uint32_t bound) { return static_cast<uint32_t>(m_aRandom() % bound); }
-    // Mostly fresh pointers, sometimes one already present (or null) so searches find duplicates.
-    void* Value()
-    {
-        if (!m_aModel.empty() && Random(3) == 0)
-            return m_aModel[Random(static_cast<uint32_t>(m_aModel.size()))];
-        return Ptr(Random(64) + 1);
-    }
+    // Mostly small pointers, often one already present (or null), so searches meet duplicates.
+    void* Value() { return !m_aModel.empty() && Random(3) == 0 ? m_aModel[Random(static_cast<uint32_t>(m_aModel.size()))] : Ptr(Random(64) + 1); }
     uint32_t Find(const void* p) const
     {
         const auto found = std::find(m_aModel.begin(), m_aModel.end(), p);
         return found == m_aModel.end() ? NOTFOUND : static_cast<uint32_t>(found - m_aModel.begin());
     }
-    void Expect(void* actual, void* expected) { EXPECT_EQ(actual, expected); }
 
+    // The current entry stays the same; in an empty container the new entry becomes current.
     void InsertAt(uint32_t at, void* p)
     {
-        if (!m_aModel.empty() && at <= m_nCur)
-            ++m_nCur;
+        m_nCur += !m_aModel.empty() && at <= m_nCur;
         m_aModel.insert(m_aModel.begin() + at, p);
     }
     // Removing the current entry moves to the next one, except at the end of its block: then to
     // the entry before, unless it was the block's only entry and another block follows.
     void* RemoveAt(uint32_t at)
     {
-        if (at < m_nCur)
-            --m_nCur;
-        else if (at == m_nCur && m_nCur > 0) {
-            const bool blockEnds = m_aContainer.CurIndex() + 1 == m_aContainer.CurBlockCount();
-            const bool blockGoes = m_aContainer.CurBlockCount() == 1 && m_aContainer.CurHasNextBlock();
-            if (blockEnds && !blockGoes)
-                --m_nCur;
-        }
+        const bool blockEnds = m_aContainer.CurIndex() + 1 == m_aContainer.CurBlockCount();
+        const bool blockGoes = m_aContainer.CurBlockCount() == 1 && m_aContainer.CurHasNextBlock();
+        m_nCur -= at < m_nCur || (at == m_nCur && m_nCur > 0 && blockEnds && !blockGoes);
         void* p = m_aModel[at];
         m_aModel.erase(m_aModel.begin() + at);
-        if (m_aModel.empty())
-            m_nCur = 0;
+        m_nCur = m_aModel.empty() ? 0 : m_nCur;
         return p;
     }
 
@@ -148,19 +121,16 @@ private:
     uint32_t m_nCur = 0;
 };
 
-struct ModelCase {
-    uint16_t blockSize, initSize, reSize;
-};
-
 class ContainerModelTest : public ::testing::TestWithParam<uint32_t> {};
 
 TEST_P(ContainerModelTest, RandomOperationsMatchAVector)
 {
-    for (const ModelCase& params : {ModelCase{4, 2, 2}, ModelCase{10, 3, 3}, ModelCase{5, 1, 4}, ModelCase{16, 6, 4}}) {
-        ContainerModel model(params.blockSize, params.initSize, params.reSize, GetParam());
+    const uint16_t params[][3] = {{4, 2, 2}, {10, 3, 3}, {5, 1, 4}, {16, 6, 4}};
+    for (const auto& [blockSize, initSize, reSize] : params) {
+        ContainerModel model(blockSize, initSize, reSize, GetParam());
         for (int step = 0; step < 5000; ++step) {
             model.Step();
-            ASSERT_TRUE(model.Matches()) << "block size " << params.blockSize << ", step " << step;
+            ASSERT_TRUE(model.Matches()) << "block size " << blockSize << ", step " << step;
         }
     }
 }

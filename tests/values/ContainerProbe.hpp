@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <utility>
 #include <vector>
 
 // Opens a container's block chain to the tests: its parameters, its blocks and a check of the
@@ -12,14 +14,10 @@ class ContainerProbe : public vesk::Container {
 public:
     using Container::Container;
 
-    struct Params {
-        uint16_t blockSize, initSize, reSize;
-        bool operator==(const Params&) const = default;
-    };
-    struct BlockShape {
-        uint16_t count, capacity;
-        bool operator==(const BlockShape&) const = default;
-    };
+    // Block size, initial size and re-size.
+    using Params = std::array<uint16_t, 3>;
+    // Count and capacity of a block.
+    using BlockShape = std::pair<uint16_t, uint16_t>;
 
     Params GetParams() const { return {m_nBlockSize, m_nInitSize, m_nReSize}; }
     std::vector<BlockShape> Shapes() const

@@ -31,25 +31,7 @@ TEST(HdlChain, HoldsEachLinkOnceAndSumsTheResults)
     EXPECT_EQ(chain.Call(&log), 0);
 }
 
-TEST(HdlChain, CallsWithinACallReturnZeroAndTheOuterCallGoesOn)
-{
-    LinkProbe p[2];
-    HdlChain chain;
-    int32_t inner = -1;
-    Log innerLog;
-    p[0].result = 3;
-    p[0].action = [&] { inner = chain.Call(&innerLog); };
-    p[1].result = 4;
-    chain.Add(p[0].GetLink(), false);
-    chain.Add(p[1].GetLink(), false);
-    Log log;
-    EXPECT_EQ(chain.Call(&log), 7);
-    EXPECT_EQ(inner, 0);
-    EXPECT_TRUE(innerLog.empty());
-    EXPECT_EQ(chain.Call(&log), 7); // the guard is released afterwards
-}
-
-TEST(HdlChain, HandlersMayChangeTheChainWhileItIsCalled)
+TEST(HdlChain, HandlersMayChangeOrCallTheChainWhileItIsCalled)
 {
     LinkProbe p[5];
     HdlChain chain;
@@ -59,28 +41,17 @@ TEST(HdlChain, HandlersMayChangeTheChainWhileItIsCalled)
     p[1].action = [&] { chain.Remove(p[2].GetLink()); };      // the one that was to follow
     p[3].action = [&] { chain.Add(p[2].GetLink(), false); };  // one already passed
     Log log;
-    chain.Call(&log);
+    int32_t inner = -1;
+    p[4].result = 4;
+    p[4].action = [&] { inner = chain.Call(&log); };          // the chain is calling: 0 at once
+    EXPECT_EQ(chain.Call(&log), 4);
+    EXPECT_EQ(inner, 0);
     EXPECT_EQ(log, (Log{&p[0], &p[1], &p[3], &p[4]}));
     log.clear();
     p[1].action = [&] { chain.Clear(); };
     chain.Call(&log);
     EXPECT_EQ(log, (Log{&p[1]}));
     EXPECT_TRUE(chain.IsEmpty());
-}
-
-TEST(HdlChain, CopiesAndMovesAreIndependent)
-{
-    LinkProbe p[2];
-    HdlChain chain;
-    chain.Add(p[0].GetLink(), true);
-    HdlChain copy(chain);
-    copy.Add(p[1].GetLink(), false);
-    Log log;
-    chain.Call(&log);
-    EXPECT_TRUE(chain.IsEmpty());
-    HdlChain moved(std::move(copy));
-    moved.Call(&log);
-    EXPECT_EQ(log, (Log{&p[0], &p[0], &p[1]}));
 }
 
 TEST(CommandMap, FirstEntryWinsAndOnceEntriesGoAfterTheirCall)
@@ -105,8 +76,6 @@ TEST(CommandMap, FirstEntryWinsAndOnceEntriesGoAfterTheirCall)
     // A once-handler that registers a new link for its own command leaves that link in place.
     a.action = [&] { map.Remove(8), map.Add(8, b.GetLink(), false); };
     map.Add(8, a.GetLink(), true);
-    CommandMap copy(map);
     EXPECT_EQ(map.Call(8, &log), 10);
     EXPECT_EQ(map.Call(8, &log), 20);
-    EXPECT_EQ(copy.Call(8, &log), 10);
 }

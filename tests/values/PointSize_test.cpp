@@ -31,6 +31,12 @@ TEST(TamPoint, KeepsMathematicalSenseOfAboveAndRootDistance)
     EXPECT_DOUBLE_EQ(TamPoint(-1, -1).GetSqDistance(TamPoint(2, 3)), 5.0);
 }
 
+TEST(TamPoint, DiagnosticTexts)
+{
+    EXPECT_EQ(TamPoint(5, -3).GetStr(), "X=5, Y=-3");
+    EXPECT_EQ(TamSize(INT32_MIN, 4).GetStr(), "WID=-2147483648, HGT=4");
+}
+
 TEST(TamSize, ComparesAsPartialOrder)
 {
     EXPECT_TRUE(TamSize(3, 5) < TamSize(4, 5));

@@ -47,6 +47,8 @@ public:
     void Clear();
 
 private:
+    void* StepAssociation(bool (*step)(CBlock*&, uint16_t&));
+
     uint32_t m_nAssocCount = 0;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vesk/export.hpp>
+#include <vesk/text/SString.hpp>
 
 #include <compare>
 #include <cstdint>
@@ -10,7 +11,7 @@ namespace vesk {
 // A time of day or a signed duration held as the signed 32-bit number hhmmsscc (hundredths);
 // a negative value is a negative duration whose magnitude holds the fields. Hours are not
 // limited to a day; the largest magnitude is 2147 hours. Arithmetic goes through counts of
-// hundredths and wraps around at 32 bits.
+// hundredths and wraps around at 32 bits (raw values are the original's 32-bit long).
 class VESK_API Time {
 public:
     // The current local time of day from the system clock, hundredths 0.
@@ -54,6 +55,8 @@ public:
     Time& operator-=(const Time& t);
     // a <= this <= b on the signed raw values.
     bool IsBetween(const Time& a, const Time& b) const;
+    // "h:m:s:c" from the magnitude, without sign or leading zeros ("1:5:3:7").
+    SString ToString() const;
 
     // Comparison of the signed raw values.
     friend bool operator==(const Time&, const Time&) = default;

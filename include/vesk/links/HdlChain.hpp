@@ -30,6 +30,7 @@ public:
     void Add(const Link& link, bool once);
     // Removes the link; true if it was in the chain.
     bool Remove(const Link& link);
+    // Removes every link; it cannot fail (a failure inside would end the program).
     void Clear() noexcept { m_aLinks.clear(); }
     bool IsEmpty() const { return m_aLinks.empty(); }
     // Calls every link with `data` and returns the sum of the results. A call made while the

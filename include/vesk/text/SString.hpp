@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace vesk {
 
@@ -177,6 +178,117 @@ public:
     StringCompare Compare(const SString& s, unsigned int n = STRING_LEN) const;
     StringCompare Compare(const char* text, unsigned int n = STRING_LEN) const;
 
+    // Without regard to case: UTF-8 text folds ASCII letters only, other text follows the
+    // locale of SetLocale or else the current locale (as _stricmp/_strnicmp).
+    StringCompare ICompare(const SString& s, unsigned int n = STRING_LEN) const;
+    StringCompare ICompare(const char* text, unsigned int n = STRING_LEN) const;
+    // Same record, or equal lengths and equal texts without regard to case.
+    bool NoCaseEqual(const SString& s) const;
+    // Index of the first character that differs from `s` (whose end counts as a difference);
+    // STRING_MATCH when this string is a prefix of `s`, equal to it, or empty.
+    unsigned int Match(const SString& s) const;
+    unsigned int Match(const char* s) const;
+    // STRING_MATCH when the shorter of the two is a prefix of the other without regard to
+    // case (or this string is empty), else 0.
+    unsigned int IMatch(const SString& s) const;
+    // Whether `s` is non-empty and this string ends with it.
+    bool EndsOn(const SString& s) const;
+
+    // `length` characters from `index`, cut to the text; the whole text shares the record.
+    SString Copy(unsigned int index, unsigned int length = STRING_LEN) const;
+    // Copy(index, length), then erases that range.
+    SString Cut(unsigned int index, unsigned int length = STRING_LEN);
+    // The text before the last `c`; the whole text when there is none.
+    SString CopyToLastChar(char c) const;
+
+    // Erases `length` characters from `index`, cut to the text; nothing at or past the end.
+    void Erase(unsigned int index, unsigned int length = STRING_LEN);
+    // Erases every `c`.
+    void EraseAllChars(char c);
+    // Erase the run of `c` at the start, at the end, or both.
+    void EraseLeadingChars(char c = ' ');
+    void EraseTrailingChars(char c = ' ');
+    void Trim(char c = ' ');
+
+    // Pads with `c` to `length` characters (no cut at STRING_MAXLEN); shorter does nothing.
+    void Expand(unsigned int length, char c = ' ');
+    // A longer `length` makes the string min(length, STRING_MAXLEN) copies of `c`; otherwise
+    // the first `length` characters are overwritten with `c`.
+    void Fill(unsigned int length, char c = ' ');
+
+    // Inserts `text` at `position` (cut to the length); the flags are ORed. Texts that would
+    // pass STRING_MAXLEN keep the head, as much of the text as fits, then of the old tail.
+    void Insert(const SString& text, unsigned int position);
+    // Inserts `length` characters of `text` from `index` (cut to it) at `position`.
+    void Insert(const SString& text, unsigned int index, unsigned int length, unsigned int position);
+    // Inserts a zero-terminated text; the flag is kept.
+    void Insert(const char* text, unsigned int position);
+    // Inserts one character; at STRING_MAXLEN the last character drops out (nothing at the end).
+    void Insert(char c, unsigned int position);
+
+    // Overwrites from `position` with `text`, never past the end.
+    void Replace(const SString& text, unsigned int position);
+    // Sets the character at `position` when it is inside the string.
+    void Replace(char c, unsigned int position);
+    // Every `from` becomes `to`.
+    void ReplaceAllChars(char from, char to);
+    // Replaces every `what` that starts a match at an index from `start` below start + count
+    // (the match itself may be found further on) by `with`, continuing after the inserted
+    // text. A negative start or count changes nothing.
+    void ReplaceAllPhrases(const SString& what, const SString& with, int start = 0, int count = int(STRING_LEN));
+    // The same without regard to case, from `start` to the end.
+    void ReplaceAllPhrasesI(const SString& what, const SString& with, int start = 0);
+    // One left-to-right pass replacing non-overlapping matches; the result is not flagged UTF-8.
+    void ReplaceAllPhrases2(const SString& what, const SString& with);
+    // Reverses the bytes.
+    void Reverse();
+    // Blanks become "0", or "0" becomes a blank, up to the first zero byte.
+    void SpaceToZero();
+    void ZeroToSpace();
+    // Case conversion: ASCII letters for UTF-8 text, else the locale's (multibyte-aware).
+    void ToLower();
+    void ToUpper();
+    SString Lower() const;
+    SString Upper() const;
+    // Makes every line end (CR, LF, CR LF or LF CR) the target's; nothing when all already are
+    // or when the text would reach STRING_MAXLEN.
+    void ConvertLineEnd(LineEnd target = LINEEND_CRLF);
+
+    // First occurrence at or after `from`; a zero in the text ends a comparison.
+    unsigned int Search(const SString& what, unsigned int from = 0) const;
+    unsigned int Search(const char* what, unsigned int from = 0) const;
+    unsigned int Search(char c, unsigned int from = 0) const;
+    // Search without regard to case.
+    unsigned int NoCaseSearch(const SString& what, unsigned int from = 0) const;
+    // Last occurrence starting at or before `from`, which must be inside the string.
+    unsigned int SearchBackward(const SString& what, unsigned int from) const;
+    // Last occurrence anywhere; a one-character `what` is always searched case-sensitively.
+    unsigned int SearchFromEnd(const SString& what, bool noCase = false) const;
+    unsigned int SearchFromEnd(char c) const;
+
+    // 0 for the empty string, else 1 + the number of separators.
+    unsigned int GetTokenCount(char sep) const;
+    // Token `index` (from 0); empty past the last token.
+    SString GetToken(unsigned int index, char sep) const;
+    // Start of token `index`; 0 for token 0, when it does not exist, or when it is the empty
+    // token after a separator that ends the string.
+    unsigned int GetTokenPos(unsigned int index, char sep) const;
+    // Every token, stripped of leading and trailing blanks.
+    std::vector<SString> GetAllTokens(char sep) const;
+
+    // Whether every character (true for the empty string) is an ASCII letter, a letter or
+    // digit, a digit, digits after an optional "-", not upper case, not lower case.
+    bool IsAlpha() const;
+    bool IsAlphaNumeric() const;
+    bool IsNumeric() const;
+    bool IsNumber() const;
+    bool IsLower() const;
+    bool IsUpper() const;
+
+    // Appends the text to a list of zero-terminated strings ended by an empty one; the caller
+    // guarantees the room.
+    void AddToStringListBuffer(char* buffer) const;
+
     // The number of characters.
     unsigned int Len() const;
     // True for the empty string.
@@ -186,8 +298,9 @@ public:
     // The character at `index`; 0 at or beyond the end.
     char operator[](unsigned int index) const;
 
-    // Case conversion of non-UTF-8 text uses this POSIX locale_t (from newlocale, kept alive by
-    // the caller) when set, else the calling thread's current locale; null unsets it.
+    // Case conversion and comparison of non-UTF-8 text use this POSIX locale_t (from
+    // newlocale, kept alive by the caller) when set, else the calling thread's current locale;
+    // null unsets it. Call it again after changing the locale object.
     static void SetLocale(void* locale);
 
 private:

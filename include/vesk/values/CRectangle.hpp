@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vesk/export.hpp>
+#include <vesk/text/SString.hpp>
 #include <vesk/values/TamPoint.hpp>
 #include <vesk/values/TamSize.hpp>
 
@@ -109,6 +110,10 @@ public:
 
     // All four fields compared: empty rectangles at different positions differ.
     bool operator==(const CRectangle&) const = default;
+
+    // "l=0, r=9, t=0, b=4, WID=9, HGT=4": the printed width and height are the plain
+    // differences right - left and bottom - top, not the inclusive extents.
+    SString GetStr() const;
 
 private:
     int32_t m_nLeft = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vesk/export.hpp>
+#include <vesk/text/SString.hpp>
 #include <vesk/values/CRectangle.hpp>
 #include <vesk/values/FPoint.hpp>
 
@@ -82,6 +83,9 @@ public:
 
     // Exact comparison of the four edges.
     bool operator==(const FRectangle&) const = default;
+
+    // "(left, top)/(right, bottom)", each as "%4.2f".
+    SString GetStr() const;
 
 private:
     double m_fLeft = 0.0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vesk/export.hpp>
+#include <vesk/text/SString.hpp>
 
 #include <cstdint>
 
@@ -40,6 +41,8 @@ public:
     bool IsBelow(const TamPoint& p) const { return y < p.y; }
     // The Euclidean distance to p: the root, despite the name.
     double GetSqDistance(const TamPoint& p) const;
+    // "X=5, Y=-3".
+    SString GetStr() const;
 };
 
 } // namespace vesk

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vesk/export.hpp>
+#include <vesk/text/SString.hpp>
 #include <vesk/values/TamPoint.hpp>
 
 #include <cstdint>
@@ -52,6 +53,8 @@ public:
     // Sets the height to h and scales the width in proportion; returns the new size. A
     // height of 0 changes nothing.
     TamSize ScaleToHeight(int32_t h);
+    // "WID=10, HGT=4".
+    SString GetStr() const;
 
 private:
     int32_t m_nWidth = 0;

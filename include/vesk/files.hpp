@@ -1,0 +1,4 @@
+#pragma once
+
+// Files: wildcard patterns for names.
+#include <vesk/files/WildCard.hpp>

@@ -1,0 +1,74 @@
+#include "SStringTestUtil.hpp"
+
+#include <vesk/text.hpp>
+
+using namespace vesk;
+using namespace vesk::test;
+
+TEST(SStringSearch, AZeroInTheTextEndsAComparison)
+{
+    SString zero("a\0bab", 0, 5, true);
+    EXPECT_EQ(zero.Search(SString("a\0c", 0, 3, true)), 0u);
+    EXPECT_EQ(zero.Search("ab"), 3u);
+    EXPECT_EQ(zero.Search(static_cast<const char*>(nullptr)), STRING_NOTFOUND);
+}
+
+TEST(SStringSearch, SearchFromEndIgnoresCaseOnlyForLongerPatterns)
+{
+    // One character is searched case-sensitively whatever noCase says.
+    EXPECT_EQ(SString("xa").SearchFromEnd("A", true), STRING_NOTFOUND);
+    EXPECT_EQ(SString("zxa").SearchFromEnd("XA", true), 1u);
+}
+
+TEST(SStringSearch, LongTextsWithManyNearMatches)
+{
+    std::string text(100000, 'a');
+    text += "ab";
+    SString s(text.c_str());
+    EXPECT_EQ(s.Search(std::string(50, 'a').append("b").c_str()), 100000u - 49);
+    EXPECT_EQ(s.NoCaseSearch(std::string(50, 'A').append("B").c_str()), 100000u - 49);
+    EXPECT_EQ(s.SearchFromEnd(std::string(60, 'A').c_str(), true), 100001u - 60);
+    EXPECT_EQ(s.SearchBackward("ba", 100001), STRING_NOTFOUND);
+}
+
+TEST(SStringSearch, MatchAndIMatchDifferOnPrefixes)
+{
+    EXPECT_EQ(SString("ab").Match("abc"), STRING_MATCH);
+    EXPECT_EQ(SString("abc").Match("ab"), 2u);
+    EXPECT_EQ(SString("abc").IMatch("AB"), STRING_MATCH);
+    EXPECT_EQ(SString("abc").IMatch("Ax"), 0u);
+    EXPECT_TRUE(SString("Abc").NoCaseEqual("aBC"));
+    EXPECT_FALSE(SString("Abc").NoCaseEqual("aBCd"));
+    EXPECT_EQ(SString("abc").ICompare("ABD"), COMPARE_LESS);
+    EXPECT_EQ(SString("abX").ICompare("ABy", 2), COMPARE_EQUAL);
+}
+
+TEST(SStringSearch, TokensAreStrippedAndKeepTheFlag)
+{
+    SString whole("abc");
+    whole.SetIsUTF8();
+    EXPECT_TRUE(SharesRecord(whole.GetToken(0, ','), whole));
+    EXPECT_EQ(SString("a,b,").GetTokenPos(2, ','), 0u);
+    const std::vector<SString> tokens = SString(" a , b ").GetAllTokens(',');
+    ASSERT_EQ(tokens.size(), 2u);
+    EXPECT_EQ(tokens[0], "a");
+    EXPECT_EQ(tokens[1], "b");
+    EXPECT_TRUE(SString().GetAllTokens(',').empty());
+}
+
+TEST(SStringSearch, ClassifiersTestSignedBytes)
+{
+    EXPECT_TRUE(SString().IsNumber() && SString("-").IsNumber() && SString("-12").IsNumber());
+    EXPECT_FALSE(SString("-1").IsNumeric() || SString("1-").IsNumber());
+    EXPECT_TRUE(SString("a1").IsLower() && SString("A1").IsUpper());
+    EXPECT_TRUE(SString("aZ").IsAlpha() && SString("aZ9").IsAlphaNumeric());
+    EXPECT_FALSE(SString("\xE9").IsAlpha() || SString("a b").IsAlphaNumeric());
+}
+
+TEST(SStringSearch, StringListBufferAppendsBehindTheLastString)
+{
+    char buffer[32] = {};
+    SString("one").AddToStringListBuffer(buffer);
+    SString("two").AddToStringListBuffer(buffer);
+    EXPECT_EQ(std::string(buffer, 10), std::string("one\0two\0\0\0", 10));
+}
