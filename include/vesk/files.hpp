@@ -1,7 +1,8 @@
 #pragma once
 
-// Files: path values (DirEntry), file status (FileStat) and wildcard patterns for names
-// (WildCard).
+// Files: path values (DirEntry), file status (FileStat), configuration (profile) files and
+// wildcard patterns for names (WildCard).
+#include <vesk/files/Config.hpp>
 #include <vesk/files/DirEntry.hpp>
 #include <vesk/files/FileStat.hpp>
 #include <vesk/files/WildCard.hpp>

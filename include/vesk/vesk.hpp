@@ -5,6 +5,8 @@
 #include <vesk/datetime.hpp>
 #include <vesk/export.hpp>
 #include <vesk/files.hpp>
+#include <vesk/frame.hpp>
+#include <vesk/graphics.hpp>
 #include <vesk/links.hpp>
 #include <vesk/text.hpp>
 #include <vesk/values.hpp>

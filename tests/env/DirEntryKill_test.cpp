@@ -1,5 +1,8 @@
 #include <vesk/files.hpp>
 
+#include "support/ChildProcess.hpp"
+#include "support/FileSystems.hpp"
+#include "support/FileText.hpp"
 #include "support/TempDir.hpp"
 
 #include <gtest/gtest.h>
@@ -10,14 +13,13 @@
 #include <functional>
 #include <random>
 #include <string>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace vesk;
 using vesk::test::PathEntry;
-using vesk::test::ReadFile;
+using vesk::test::ReadFileText;
 using vesk::test::TempDir;
-using vesk::test::WriteFile;
+using vesk::test::WriteFileText;
 
 namespace {
 
@@ -29,13 +31,13 @@ const std::string NEW_CONTENT(4 << 20, 'B');
 // the old or the new content in full, and the source must be whole while the target is old.
 void KillAtRandomPoints(const TempDir& dir, const std::string& source, const std::function<void()>& operation)
 {
-    const std::string target = dir / "target";
+    const std::string target = dir.File("target");
     const auto reset = [&] {
         // Temporaries of killed copies stay behind; they must not fill the disk.
         for (const auto& file : std::filesystem::directory_iterator(dir.Path()))
             if (file.path().filename().string().rfind(".target.", 0) == 0)
                 std::filesystem::remove(file.path());
-        ASSERT_TRUE(WriteFile(source, NEW_CONTENT) && WriteFile(target, OLD_CONTENT));
+        ASSERT_TRUE(WriteFileText(source, NEW_CONTENT) && WriteFileText(target, OLD_CONTENT));
     };
     reset();
     const auto start = std::chrono::steady_clock::now();
@@ -45,19 +47,18 @@ void KillAtRandomPoints(const TempDir& dir, const std::string& source, const std
     std::uniform_int_distribution<long> delay(0, std::max(usual.count(), 1000L) * 3 / 2);
     for (int round = 0; round < 40 && !::testing::Test::HasFailure(); ++round) {
         reset();
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
+        const pid_t child = vesk::test::StartChild([&] {
             operation();
-            _exit(0);
-        }
+            return 0;
+        });
+        ASSERT_GE(child, 0);
         usleep(static_cast<useconds_t>(delay(random)));
         kill(child, SIGKILL);
-        ASSERT_EQ(waitpid(child, nullptr, 0), child);
-        const std::string content = ReadFile(target);
+        vesk::test::WaitChild(child);
+        const std::string content = ReadFileText(target);
         ASSERT_TRUE(content == OLD_CONTENT || content == NEW_CONTENT) << "torn target of " << content.size() << " bytes";
         if (content == OLD_CONTENT) {
-            EXPECT_EQ(ReadFile(source), NEW_CONTENT);
+            EXPECT_EQ(ReadFileText(source), NEW_CONTENT);
         }
     }
 }
@@ -65,7 +66,7 @@ void KillAtRandomPoints(const TempDir& dir, const std::string& source, const std
 TEST(DirEntryKill, KilledCopyLeavesOldOrNewTarget)
 {
     TempDir dir;
-    KillAtRandomPoints(dir, dir / "source", [&] { PathEntry(dir / "source").CopyTo(PathEntry(dir / "target")); });
+    KillAtRandomPoints(dir, dir.File("source"), [&] { PathEntry(dir.File("source")).CopyTo(PathEntry(dir.File("target"))); });
 }
 
 TEST(DirEntryKill, KilledMoveAcrossFileSystemsLosesNothing)
@@ -76,7 +77,7 @@ TEST(DirEntryKill, KilledMoveAcrossFileSystemsLosesNothing)
         GTEST_SKIP() << "no second writable file system at /dev/shm";
     const DirEntry source = PathEntry(other + "/vesk-kill.bin").TempName();
     ASSERT_TRUE(source.IsValid());
-    KillAtRandomPoints(dir, std::string(source.GetFull()), [&] { source.MoveTo(PathEntry(dir / "target")); });
+    KillAtRandomPoints(dir, std::string(source.GetFull()), [&] { source.MoveTo(PathEntry(dir.File("target"))); });
     source.Kill();
 }
 

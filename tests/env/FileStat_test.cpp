@@ -2,6 +2,8 @@
 
 #include "platform/filesys.hpp"
 #include "support/EnvGuard.hpp"
+#include "support/FileSystems.hpp"
+#include "support/FileText.hpp"
 #include "support/TempDir.hpp"
 
 #include <gtest/gtest.h>
@@ -17,7 +19,7 @@ using namespace vesk::platform;
 using vesk::test::EnvGuard;
 using vesk::test::PathEntry;
 using vesk::test::TempDir;
-using vesk::test::WriteFile;
+using vesk::test::WriteFileText;
 
 namespace {
 
@@ -28,8 +30,8 @@ protected:
 
 TEST_F(FileStatTest, TimesAreUtcInEveryZone)
 {
-    const std::string path = dir / "newyear";
-    ASSERT_TRUE(WriteFile(path, ""));
+    const std::string path = dir.File("newyear");
+    ASSERT_TRUE(WriteFileText(path, ""));
     // 2023-12-31 23:30:00.456 UTC.
     const struct timespec times[2] = {{1704065400, 456000000}, {1704065400, 456000000}};
     ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
@@ -45,20 +47,20 @@ TEST_F(FileStatTest, TimesAreUtcInEveryZone)
 
 TEST_F(FileStatTest, FilesAndSizes)
 {
-    ASSERT_TRUE(WriteFile(dir / "f", ""));
-    FileStat st{PathEntry(dir / "f")};
+    ASSERT_TRUE(WriteFileText(dir.File("f"), ""));
+    FileStat st{PathEntry(dir.File("f"))};
     EXPECT_EQ(st.GetKind(), FSYS_KIND_FILE);
     EXPECT_EQ(st.GetWinFileAttributes(), 128u);
     EXPECT_NE(st.DateCreated().GetDate(), 0u);
 
     // A sparse file beyond 4 GiB fills the high half.
-    ASSERT_EQ(truncate((dir / "f").c_str(), (int64_t(5) << 30) + 7), 0);
-    EXPECT_TRUE(st.Update(PathEntry(dir / "f")));
+    ASSERT_EQ(truncate((dir.File("f")).c_str(), (int64_t(5) << 30) + 7), 0);
+    EXPECT_TRUE(st.Update(PathEntry(dir.File("f"))));
     EXPECT_EQ(st.GetSize64(), (uint64_t(5) << 30) + 7);
 
     // A failed update by path keeps what was read before.
     const Date modified = st.DateModified();
-    EXPECT_FALSE(st.Update(SString((dir / "gone").c_str())));
+    EXPECT_FALSE(st.Update(SString((dir.File("gone")).c_str())));
     EXPECT_EQ(st.GetKind(), FSYS_KIND_NONE);
     EXPECT_EQ(st.DateModified(), modified);
     EXPECT_EQ(st.GetSize64(), (uint64_t(5) << 30) + 7);
@@ -66,13 +68,13 @@ TEST_F(FileStatTest, FilesAndSizes)
 
 TEST_F(FileStatTest, ExistingAndMissing)
 {
-    FileStat st{PathEntry(dir / "missing.txt")};
+    FileStat st{PathEntry(dir.File("missing.txt"))};
     EXPECT_EQ(st.GetError(), FSYS_ERR_NOTFOUND);
     EXPECT_EQ(st.GetKind(), FSYS_KIND_FILE);
     EXPECT_FALSE(st.IsKind(FSYS_KIND_FILE));
     EXPECT_TRUE(st.IsKind(FSYS_KIND_NONE));
     // A missing directory still reads as one.
-    EXPECT_FALSE(st.Update(PathEntry(dir / "missing/")));
+    EXPECT_FALSE(st.Update(PathEntry(dir.File("missing/"))));
     EXPECT_EQ(st.GetKind(), FSYS_KIND_DIR);
 
     EXPECT_TRUE(st.Update(PathEntry(dir.Path() + "//")));
@@ -99,15 +101,15 @@ TEST_F(FileStatTest, NamesDecidedWithoutTheDisk)
 
 TEST_F(FileStatTest, AttributeBits)
 {
-    ASSERT_TRUE(WriteFile(dir / ".hidden", ""));
-    ASSERT_TRUE(WriteFile(dir / "ro", ""));
-    ASSERT_EQ(chmod((dir / "ro").c_str(), 0444), 0);
-    ASSERT_EQ(symlink((dir / "ro").c_str(), (dir / "link").c_str()), 0);
-    ASSERT_EQ(mkfifo((dir / "fifo").c_str(), 0600), 0);
+    ASSERT_TRUE(WriteFileText(dir.File(".hidden"), ""));
+    ASSERT_TRUE(WriteFileText(dir.File("ro"), ""));
+    ASSERT_EQ(chmod((dir.File("ro")).c_str(), 0444), 0);
+    ASSERT_EQ(symlink((dir.File("ro")).c_str(), (dir.File("link")).c_str()), 0);
+    ASSERT_EQ(mkfifo((dir.File("fifo")).c_str(), 0600), 0);
 
-    EXPECT_EQ(FileStat(PathEntry(dir / ".hidden")).GetWinFileAttributes(), 2u);
-    EXPECT_EQ(FileStat(PathEntry(dir / "link")).GetWinFileAttributes(), 1u | 1024u);
-    EXPECT_TRUE(FileStat(PathEntry(dir / "fifo")).IsSystem());
+    EXPECT_EQ(FileStat(PathEntry(dir.File(".hidden"))).GetWinFileAttributes(), 2u);
+    EXPECT_EQ(FileStat(PathEntry(dir.File("link"))).GetWinFileAttributes(), 1u | 1024u);
+    EXPECT_TRUE(FileStat(PathEntry(dir.File("fifo"))).IsSystem());
     FileStat st;
     EXPECT_TRUE(st.Update(SString((dir.Path() + "/.").c_str())));
     EXPECT_FALSE(st.IsHidden());

@@ -1,9 +1,10 @@
 #include "support/TempDir.hpp"
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+#include <stdexcept>
+#include <vector>
+
+#include <ftw.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -13,44 +14,26 @@ TempDir::TempDir()
 {
     const char* base = std::getenv("TMPDIR");
     std::string pattern = std::string(base && *base ? base : "/tmp") + "/vesk-test-XXXXXX";
-    if (mkdtemp(pattern.data()))
-        m_path = pattern;
+    std::vector<char> name(pattern.begin(), pattern.end());
+    name.push_back('\0');
+    if (!::mkdtemp(name.data()))
+        throw std::runtime_error("cannot create a temporary directory from " + pattern);
+    m_path = name.data();
 }
 
 TempDir::~TempDir()
 {
-    if (m_path.empty())
-        return;
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
-}
-
-vesk::DirEntry PathEntry(const std::string& path)
-{
-    return vesk::DirEntry(vesk::SString(path.c_str()));
-}
-
-std::string OtherFileSystem(const TempDir& dir)
-{
-    struct stat here {}, shm {};
-    const bool other = stat(dir.Path().c_str(), &here) == 0 && stat("/dev/shm", &shm) == 0 && here.st_dev != shm.st_dev
-        && access("/dev/shm", W_OK) == 0;
-    return other ? "/dev/shm" : "";
-}
-
-bool WriteFile(const std::string& path, const std::string& content)
-{
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << content;
-    return static_cast<bool>(out.flush());
-}
-
-std::string ReadFile(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream content;
-    content << in.rdbuf();
-    return content.str();
+    // Tests may leave folders read-only: open them all up first, then remove children first.
+    // Links are not followed.
+    ::nftw(m_path.c_str(), [](const char* path, const struct stat*, int type, struct FTW*) {
+        if (type == FTW_D || type == FTW_DNR)
+            ::chmod(path, 0700);
+        return 0;
+    }, 16, FTW_PHYS);
+    ::nftw(m_path.c_str(), [](const char* path, const struct stat*, int, struct FTW*) {
+        ::remove(path);
+        return 0;
+    }, 16, FTW_DEPTH | FTW_PHYS);
 }
 
 } // namespace vesk::test

@@ -4,9 +4,13 @@
 
 #include <atomic>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace vesk {
+
+// The library's 8-bit character sets (vesk/text/CharSet.hpp).
+enum CharSet : int;
 
 // Largest length a string may have; longer input is cut to it without report.
 inline constexpr unsigned int STRING_MAXLEN = 0x1FFFEF;
@@ -112,6 +116,41 @@ public:
     bool RemoveUTF8Marker();
     // Whether the UTF-8 flag is set.
     bool IsUTF8() const;
+
+    // Zero-terminated UTF-16 text converted to the code page (0 and 3 Windows-1252, 1250-1254,
+    // 65001 UTF-8 with the flag set); text that does not fit or convert gives length 0.
+    SString(const char16_t* text, unsigned int codePage);
+    // The text as flagged UTF-8.
+    SString(const std::u16string& text);
+    // Appends one character: below 128 as one byte, else as UTF-8, which sets the flag.
+    SString& operator+=(char16_t c);
+    // The same for a UTF-32 character (L'x'); characters beyond U+10FFFF append nothing.
+    SString& operator+=(wchar_t c);
+    // A new array of Len() + 1 UTF-16 units decoded in the code page (empty when it cannot
+    // decode the text); the caller frees it with delete[].
+    char16_t* CreateWCHARArr(unsigned int codePage) const;
+    // The text converted from the code page (3, the thread's, by default) to flagged UTF-8; a
+    // flagged or plain ASCII text is returned as it is, a failed conversion gives "".
+    SString AnsiToUTF8() const;
+    SString AnsiToUTF8(unsigned int codePage) const;
+    // The UTF-8 text converted to the code page (3 by default), flag 0; text that is not UTF-8
+    // gives "", text the code page cannot hold a copy of this string.
+    SString UTF8ToAnsi() const;
+    SString UTF8ToAnsi(unsigned int codePage) const;
+    SString UTF8ToCzech() const;   // code page 1250
+    SString UTF8ToRussian() const; // 1251
+    SString UTF8ToEnglish() const; // 1252
+    SString UTF8ToGreek() const;   // 1253
+    SString UTF8ToTurkish() const; // 1254
+    // Converts the text in place between character sets; nothing for CHARSET_DONTKNOW,
+    // CHARSET_NONE or equal sets (CHARSET_SYSTEM counts as GetSystemCharSet()).
+    void Convert(CharSet from, CharSet to);
+    // Converts one character the same way.
+    static char Convert(char c, CharSet from, CharSet to);
+    // Whether more than half of the characters are letters of the application's transcript
+    // script, a letter repeating the one before it not counted; false without transcript data.
+    bool IsTranscript() const;
+    static bool IsTranscript(const char* text);
 
     // A string made by printf-style formatting, flagged UTF-8 when MayBeUTF8; empty on failure.
     static SString F(const char* format, ...) __attribute__((format(printf, 1, 2)));
@@ -273,6 +312,8 @@ private:
 
     // Takes over a record that the caller made or referenced.
     SString(Adopt, SStringData* rec) noexcept;
+    // The UTF-8 text decoded and encoded in the code page.
+    SString UTF8ToLanguage(unsigned int codePage) const;
     // Makes the string of a string resource: n bytes copied, no length cut.
     void InitStringRes(const char* data, unsigned int n);
 

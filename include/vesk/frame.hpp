@@ -1,0 +1,5 @@
+#pragma once
+
+// Library state, start-up and shut-down, dynamic libraries and the re-entrant lock.
+#include <vesk/frame/InlineCritSect.hpp>
+#include <vesk/frame/LibraryLoader.hpp>
