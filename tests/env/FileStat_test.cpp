@@ -66,6 +66,15 @@ TEST_F(FileStatTest, FilesAndSizes)
     EXPECT_EQ(st.GetSize64(), (uint64_t(5) << 30) + 7);
 }
 
+TEST_F(FileStatTest, TextsInTheCodePageFindUtf8Names)
+{
+    ASSERT_TRUE(WriteFileText(dir.File("caf\xC3\xA9"), "utf8"));
+    ASSERT_TRUE(WriteFileText(dir.File("\xE9t\xE9"), "latin1"));
+    EXPECT_EQ(FileStat(PathEntry(dir.File("caf\xE9"))).GetSize64(), 4u);
+    EXPECT_EQ(FileStat(PathEntry(dir.File("\xE9t\xE9"))).GetSize64(), 6u);
+    EXPECT_EQ(PathEntry(dir.File("caf\xE9")).GetFileSize(), 4);
+}
+
 TEST_F(FileStatTest, ExistingAndMissing)
 {
     FileStat st{PathEntry(dir.File("missing.txt"))};
