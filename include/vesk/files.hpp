@@ -1,6 +1,6 @@
 #pragma once
 
-// Files: configuration (profile) files, path values (DirEntry), file status (FileStat) and
+// Files: path values (DirEntry), file status (FileStat), configuration (profile) files and
 // wildcard patterns for names (WildCard).
 #include <vesk/files/Config.hpp>
 #include <vesk/files/DirEntry.hpp>

@@ -252,4 +252,29 @@ bool DirEntry::IsData() const
     return m_aDevice.ICompare("data:", 5) == COMPARE_EQUAL;
 }
 
+UString DirEntry::GetFullW() const
+{
+    return UString(GetFull());
+}
+
+DirEntry DirEntry::Converted(SString (*convert)(const SString&)) const
+{
+    DirEntry entry(*this);
+    for (SString* part : {&entry.m_aDevice, &entry.m_aPath, &entry.m_aBase, &entry.m_aExt})
+        *part = convert(*part);
+    entry.UpdateName();
+    return entry;
+}
+
+DirEntry DirEntry::AnsiToUTF8() const
+{
+    return Converted([](const SString& part) { return part.AnsiToUTF8(); });
+}
+
+DirEntry DirEntry::UTF8ToAnsi() const
+{
+    // Text that is not UTF-8 would convert to nothing.
+    return Converted([](const SString& part) { return part.IsUTF8() ? part.UTF8ToAnsi() : part; });
+}
+
 } // namespace vesk

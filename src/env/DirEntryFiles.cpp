@@ -2,6 +2,7 @@
 
 #include "env/DirEntry_p.hpp"
 #include "env/NativePath_p.hpp"
+#include "platform/atomic_file.hpp"
 
 namespace vesk {
 
@@ -94,7 +95,7 @@ DirEntry DirEntry::TempName() const
 bool DirEntry::MakeDir() const
 {
     const std::string path = NativePath(*this);
-    return !path.empty() && platform::MakeDirectories(path.c_str());
+    return !path.empty() && platform::MakeDirectories(path, 0777);
 }
 
 bool DirEntry::Kill() const

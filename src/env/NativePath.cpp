@@ -2,6 +2,8 @@
 
 #include "env/DirEntry_p.hpp"
 
+#include <vesk/text/UString.hpp>
+
 #include <algorithm>
 
 namespace vesk::detail {
@@ -30,8 +32,15 @@ std::string NativePath(const DirEntry& entry)
 
 bool QueryPathAttributes(const SString& path, platform::FileAttributes& out)
 {
+    // File names are UTF-8 on Linux: a text in the 8-bit code page reaches them through its
+    // characters, and its raw bytes are the fallback for names that are not UTF-8.
     const std::string bytes = NativeText(path);
-    return !bytes.empty() && platform::QueryAttributes(bytes.c_str(), out);
+    if (bytes.empty())
+        return false;
+    const std::string characters = NativeText(UString(path).GetUTF8());
+    if (!characters.empty() && platform::QueryAttributes(characters.c_str(), out))
+        return true;
+    return bytes != characters && platform::QueryAttributes(bytes.c_str(), out);
 }
 
 } // namespace vesk::detail

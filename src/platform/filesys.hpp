@@ -93,8 +93,6 @@ std::string TempDirectory();
 // last `suffixLength` characters are replaced; `pattern` then names the file. False on failure.
 bool CreateUniqueFile(std::string& pattern, int suffixLength);
 
-// Creates the directory with any missing parents; true when it exists afterwards.
-bool MakeDirectories(const char* path);
 // Removes a file, a symbolic link or an empty directory.
 bool RemoveEntry(const char* path);
 // Removes a directory and everything in it without following any symbolic link; false for a

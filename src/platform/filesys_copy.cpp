@@ -10,20 +10,6 @@
 namespace vesk::platform {
 namespace {
 
-bool WriteAll(int fd, const char* data, size_t n)
-{
-    while (n > 0) {
-        const ssize_t written = write(fd, data, n);
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        data += written;
-        n -= static_cast<size_t>(written);
-    }
-    return true;
-}
-
 bool CopyByReading(int from, int to)
 {
     char buffer[1 << 16];
@@ -33,7 +19,7 @@ bool CopyByReading(int from, int to)
             continue;
         if (n <= 0)
             return n == 0;
-        if (!WriteAll(to, buffer, static_cast<size_t>(n)))
+        if (!WriteAll(to, std::string_view(buffer, static_cast<size_t>(n))))
             return false;
     }
 }

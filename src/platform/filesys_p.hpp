@@ -1,9 +1,10 @@
 #pragma once
 
 // Helpers of the file-system sources.
+#include "platform/descriptor.hpp"
+
 #include <string>
 #include <string_view>
-#include <unistd.h>
 
 namespace vesk::platform {
 
@@ -33,31 +34,5 @@ inline std::string DirectoryOf(std::string_view path)
         return ".";
     return slash == 0 ? "/" : std::string(path.substr(0, slash));
 }
-
-// Owns a file descriptor.
-class FileDescriptor {
-public:
-    explicit FileDescriptor(int fd = -1) : m_fd(fd) {}
-    ~FileDescriptor()
-    {
-        if (m_fd >= 0)
-            close(m_fd);
-    }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-
-    int Get() const { return m_fd; }
-    bool IsOpen() const { return m_fd >= 0; }
-    // Closes the descriptor; false when close reports an error (a failed write-back).
-    bool Close()
-    {
-        const int fd = m_fd;
-        m_fd = -1;
-        return fd < 0 || close(fd) == 0;
-    }
-
-private:
-    int m_fd;
-};
 
 } // namespace vesk::platform

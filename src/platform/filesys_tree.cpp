@@ -44,18 +44,6 @@ bool RemoveContents(int fd)
 
 } // namespace
 
-bool MakeDirectories(const char* path)
-{
-    const std::string_view full = path;
-    if (full.empty())
-        return false;
-    // Every ancestor first; failures show in the final test.
-    for (size_t slash = full.find('/', 1); slash != std::string_view::npos; slash = full.find('/', slash + 1))
-        mkdir(std::string(full.substr(0, slash)).c_str(), 0777);
-    mkdir(path, 0777);
-    return IsDirectory(path, true);
-}
-
 bool RemoveEntry(const char* path)
 {
     const std::string name(WithoutClosingSlashes(path));

@@ -1,7 +1,7 @@
 #include <vesk/files.hpp>
 
+#include "support/FileSystems.hpp"
 #include "support/FileText.hpp"
-#include "support/PathHelpers.hpp"
 #include "support/TempDir.hpp"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,8 @@
 #include <vesk/files.hpp>
 
+#include "support/ChildProcess.hpp"
+#include "support/FileSystems.hpp"
 #include "support/FileText.hpp"
-#include "support/PathHelpers.hpp"
 #include "support/TempDir.hpp"
 
 #include <gtest/gtest.h>
@@ -12,7 +13,6 @@
 #include <functional>
 #include <random>
 #include <string>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace vesk;
@@ -47,15 +47,14 @@ void KillAtRandomPoints(const TempDir& dir, const std::string& source, const std
     std::uniform_int_distribution<long> delay(0, std::max(usual.count(), 1000L) * 3 / 2);
     for (int round = 0; round < 40 && !::testing::Test::HasFailure(); ++round) {
         reset();
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
+        const pid_t child = vesk::test::StartChild([&] {
             operation();
-            _exit(0);
-        }
+            return 0;
+        });
+        ASSERT_GE(child, 0);
         usleep(static_cast<useconds_t>(delay(random)));
         kill(child, SIGKILL);
-        ASSERT_EQ(waitpid(child, nullptr, 0), child);
+        vesk::test::WaitChild(child);
         const std::string content = ReadFileText(target);
         ASSERT_TRUE(content == OLD_CONTENT || content == NEW_CONTENT) << "torn target of " << content.size() << " bytes";
         if (content == OLD_CONTENT) {

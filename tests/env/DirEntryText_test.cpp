@@ -92,6 +92,20 @@ TEST(DirEntryParse, PartsTakeTheUtf8FlagOfTheBytes)
     EXPECT_TRUE(marked.IsUTF8());
 }
 
+TEST(DirEntryParse, CodePages)
+{
+    EXPECT_TRUE(DirEntry("dir/caf\xC3\xA9").GetFullW() == u"dir/caf\u00E9");
+    EXPECT_TRUE(DirEntry("caf\xE9").GetFullW() == u"caf\u00E9");
+
+    const DirEntry ansi("/d\xE9j\xE0/caf\xE9.txt");
+    const DirEntry utf8 = ansi.AnsiToUTF8();
+    EXPECT_EQ(std::string(utf8.GetFull()), "/d\xC3\xA9j\xC3\xA0/caf\xC3\xA9.txt");
+    EXPECT_EQ(std::string(utf8.GetName()), "caf\xC3\xA9.txt");
+    EXPECT_TRUE(utf8.GetFull().IsUTF8());
+    EXPECT_EQ(std::string(utf8.UTF8ToAnsi().GetFull()), "/d\xE9j\xE0/caf\xE9.txt");
+    EXPECT_EQ(std::string(ansi.UTF8ToAnsi().GetFull()), "/d\xE9j\xE0/caf\xE9.txt");
+}
+
 TEST(DirEntryParse, FullTextAndNames)
 {
     EXPECT_EQ(std::string(DirEntry("C:/dir").GetFull(true)), "C:/dir/");

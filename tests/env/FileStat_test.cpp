@@ -2,8 +2,8 @@
 
 #include "platform/filesys.hpp"
 #include "support/EnvGuard.hpp"
+#include "support/FileSystems.hpp"
 #include "support/FileText.hpp"
-#include "support/PathHelpers.hpp"
 #include "support/TempDir.hpp"
 
 #include <gtest/gtest.h>
@@ -64,6 +64,15 @@ TEST_F(FileStatTest, FilesAndSizes)
     EXPECT_EQ(st.GetKind(), FSYS_KIND_NONE);
     EXPECT_EQ(st.DateModified(), modified);
     EXPECT_EQ(st.GetSize64(), (uint64_t(5) << 30) + 7);
+}
+
+TEST_F(FileStatTest, TextsInTheCodePageFindUtf8Names)
+{
+    ASSERT_TRUE(WriteFileText(dir.File("caf\xC3\xA9"), "utf8"));
+    ASSERT_TRUE(WriteFileText(dir.File("\xE9t\xE9"), "latin1"));
+    EXPECT_EQ(FileStat(PathEntry(dir.File("caf\xE9"))).GetSize64(), 4u);
+    EXPECT_EQ(FileStat(PathEntry(dir.File("\xE9t\xE9"))).GetSize64(), 6u);
+    EXPECT_EQ(PathEntry(dir.File("caf\xE9")).GetFileSize(), 4);
 }
 
 TEST_F(FileStatTest, ExistingAndMissing)

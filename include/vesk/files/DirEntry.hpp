@@ -2,6 +2,7 @@
 
 #include <vesk/export.hpp>
 #include <vesk/text/SString.hpp>
+#include <vesk/text/UString.hpp>
 
 #include <cstdint>
 
@@ -73,6 +74,15 @@ public:
     bool IsHttp() const;
     bool IsHttps() const;
     bool IsData() const;
+
+    // The full text as UTF-16 (decoded as UTF-8 when the bytes hold UTF-8, else in the system
+    // code page).
+    UString GetFullW() const;
+    // A copy whose parts are converted from the system code page to UTF-8 (parts already in
+    // UTF-8 stay as they are).
+    DirEntry AnsiToUTF8() const;
+    // A copy whose UTF-8 parts are converted to the system code page; other parts stay.
+    DirEntry UTF8ToAnsi() const;
 
     // Valid and found on the file system; a root must also be a mount point.
     bool Exists() const;
@@ -154,6 +164,8 @@ private:
     void Construct(const SString& text);
     // Recomputes the cached name from base and extension.
     void UpdateName();
+    // A copy with every part passed through `convert`.
+    DirEntry Converted(SString (*convert)(const SString&)) const;
 
     SString m_aDevice;
     SString m_aPath;

@@ -1,4 +1,4 @@
-#include "support/PathHelpers.hpp"
+#include "support/FileSystems.hpp"
 
 #include "support/TempDir.hpp"
 
@@ -15,8 +15,8 @@ vesk::DirEntry PathEntry(const std::string& path)
 std::string OtherFileSystem(const TempDir& dir)
 {
     struct stat here {}, shm {};
-    const bool other = stat(dir.Path().c_str(), &here) == 0 && stat("/dev/shm", &shm) == 0
-        && here.st_dev != shm.st_dev && access("/dev/shm", W_OK) == 0;
+    const bool other = stat(dir.Path().c_str(), &here) == 0 && stat("/dev/shm", &shm) == 0 && here.st_dev != shm.st_dev
+        && access("/dev/shm", W_OK) == 0;
     return other ? "/dev/shm" : "";
 }
 
