@@ -21,12 +21,13 @@ int MulDiv(int value, int numerator, int denominator)
     if (denominator == 0)
         return -1;
     int64_t product = int64_t{value} * numerator;
-    if (denominator < 0) {
+    int64_t divisor = denominator;
+    if (divisor < 0) {
         product = -product;
-        denominator = -denominator;
+        divisor = -divisor;
     }
-    int64_t half = denominator / 2;
-    int64_t result = (product >= 0 ? product + half : product - half) / denominator;
+    int64_t half = divisor / 2;
+    int64_t result = (product >= 0 ? product + half : product - half) / divisor;
     return (result > INT32_MAX || result < -INT32_MAX) ? -1 : static_cast<int>(result);
 }
 
