@@ -4,10 +4,43 @@
 #include <cstdio>
 #include <cstring>
 
-int main()
-{
-    std::printf("Vesk tour\n=========\n\n");
+using namespace vesk;
 
+namespace {
+
+void Strings()
+{
+    std::printf("Strings\n");
+    SString greeting("Hello");
+    SString copy = greeting; // shares the record; no text is copied
+    copy += ", Vesk";
+    std::printf("  \"%s\" and its edited copy \"%s\"\n", static_cast<const char*>(greeting),
+                static_cast<const char*>(copy));
+    std::printf("  SString(-5, 4) pads in front of the sign: \"%s\"\n", static_cast<const char*>(SString(-5, 4)));
+    const UString wide(SString("Gr\xC3\xBC\xC3\x9F" "e"));
+    std::printf("  UTF-8 \"Gr\xC3\xBC\xC3\x9F" "e\" is %u UTF-16 characters, back as UTF-8: \"%s\"\n", wide.Len(),
+                static_cast<const char*>(wide.GetUTF8()));
+}
+
+void Values()
+{
+    std::printf("Values\n");
+    const CRectangle a(0, 0, 9, 9);
+    const CRectangle b(5, 5, 14, 14);
+    std::printf("  %s intersected with %s is %s\n", static_cast<const char*>(a.GetStr()),
+                static_cast<const char*>(b.GetStr()), static_cast<const char*>(a.GetIntersection(b).GetStr()));
+    const Date date(15, 3, 2024);
+    static const char* const days[] = { "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday" };
+    std::printf("  15 March 2024 is a %s in week %u\n", days[date.GetDayOfWeek()], date.GetWeekOfYear());
+    const WildCard pattern(SString("*.txt"));
+    std::printf("  \"*.txt\" %s \"notes.txt\" and %s \"notes.doc\"\n",
+                pattern.Matches(SString("notes.txt")) ? "matches" : "misses",
+                pattern.Matches(SString("notes.doc")) ? "matches" : "misses");
+}
+
+void Zlib()
+{
+    std::printf("zlib\n");
     const char text[] = "Vesk re-exports zlib: this sentence goes through deflate and back.";
     Bytef packed[256];
     uLongf packedSize = sizeof packed;
@@ -15,8 +48,18 @@ int main()
     Bytef unpacked[sizeof text];
     uLongf unpackedSize = sizeof unpacked;
     uncompress(unpacked, &unpackedSize, packed, packedSize);
-    std::printf("zlib %s: %zu bytes -> %lu packed -> %lu back, %s\n", zlibVersion(), sizeof text,
+    std::printf("  zlib %s: %zu bytes -> %lu packed -> %lu back, %s\n", zlibVersion(), sizeof text,
                 static_cast<unsigned long>(packedSize), static_cast<unsigned long>(unpackedSize),
                 std::memcmp(text, unpacked, sizeof text) == 0 ? "identical" : "DIFFERENT");
+}
+
+} // namespace
+
+int main()
+{
+    std::printf("Vesk tour\n=========\n\n");
+    Strings();
+    Values();
+    Zlib();
     return 0;
 }

@@ -1,5 +1,7 @@
 #include "platform/atomic_file.hpp"
 
+#include "platform/filesys_p.hpp"
+
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -18,52 +20,6 @@ FileStamp StampFromStat(const struct stat& st)
     return {static_cast<uint64_t>(st.st_dev), static_cast<uint64_t>(st.st_ino),
         static_cast<int64_t>(st.st_size),
         static_cast<int64_t>(st.st_mtim.tv_sec) * 1000000000 + st.st_mtim.tv_nsec};
-}
-
-// Closes a descriptor when it leaves scope.
-class Fd {
-public:
-    explicit Fd(int fd) : m_fd(fd) { }
-    ~Fd()
-    {
-        if (m_fd >= 0)
-            ::close(m_fd);
-    }
-    Fd(const Fd&) = delete;
-    Fd& operator=(const Fd&) = delete;
-
-    int Get() const { return m_fd; }
-    // Closes now and reports whether the close succeeded (a late write error shows here).
-    bool Close()
-    {
-        int fd = m_fd;
-        m_fd = -1;
-        return ::close(fd) == 0;
-    }
-
-private:
-    int m_fd;
-};
-
-bool WriteAll(int fd, std::string_view data)
-{
-    while (!data.empty()) {
-        ssize_t n = ::write(fd, data.data(), data.size());
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n <= 0)
-            return false;
-        data.remove_prefix(static_cast<size_t>(n));
-    }
-    return true;
-}
-
-std::string DirectoryOf(const std::string& path)
-{
-    size_t slash = path.find_last_of('/');
-    if (slash == std::string::npos)
-        return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
 }
 
 // The file a write must replace: the target of a symbolic link, else the path itself.
@@ -86,7 +42,7 @@ bool ResolveTarget(const std::string& path, std::string& target)
 bool WriteTemporary(const std::string& temp, std::string_view content, const struct stat* old,
     FileStamp& stamp)
 {
-    Fd fd(::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0666));
+    FileDescriptor fd(::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0666));
     if (fd.Get() < 0)
         return false;
     struct stat st;
@@ -118,7 +74,7 @@ FileStamp StampOf(const std::string& path)
 
 ReadStatus ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp)
 {
-    Fd fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (fd.Get() < 0)
         return errno == ENOENT || errno == ENOTDIR ? ReadStatus::Missing : ReadStatus::Failed;
     struct stat st;
@@ -147,7 +103,7 @@ bool ReplaceFile(const std::string& path, const FileEditor& edit, FileStamp& sta
     if (!ResolveTarget(path, target))
         return false;
     std::string directory = DirectoryOf(target);
-    Fd dir(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    FileDescriptor dir(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (dir.Get() < 0 || !LockExclusive(dir.Get()))
         return false;
 
@@ -182,22 +138,22 @@ bool ReplaceFile(const std::string& path, const FileEditor& edit, FileStamp& sta
 
 bool SyncFile(const std::string& path)
 {
-    Fd fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (fd.Get() < 0 || ::fsync(fd.Get()) != 0)
         return false;
-    Fd dir(::open(DirectoryOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    FileDescriptor dir(::open(DirectoryOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     return dir.Get() >= 0 && ::fsync(dir.Get()) == 0;
 }
 
-bool MakeDirectories(const std::string& path)
+bool MakeDirectories(const std::string& path, unsigned int mode)
 {
     struct stat st;
     if (path.empty() || ::stat(path.c_str(), &st) == 0)
         return !path.empty() && S_ISDIR(st.st_mode);
     std::string parent = DirectoryOf(path);
-    if (parent != path && parent != "." && !MakeDirectories(parent))
+    if (parent != path && parent != "." && !MakeDirectories(parent, mode))
         return false;
-    return ::mkdir(path.c_str(), 0700) == 0 || errno == EEXIST;
+    return ::mkdir(path.c_str(), mode) == 0 || errno == EEXIST;
 }
 
 } // namespace vesk::platform

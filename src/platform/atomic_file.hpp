@@ -48,7 +48,8 @@ VESK_API bool ReplaceFile(const std::string& path, const FileEditor& edit, FileS
 // Makes the file's data and its directory entry durable.
 VESK_API bool SyncFile(const std::string& path);
 
-// Creates a directory and its missing parents (mode 0700, as for per-user data).
-VESK_API bool MakeDirectories(const std::string& path);
+// Creates a directory and its missing parents with `mode` less the umask (0700 by default, as
+// for per-user data); true when it exists afterwards.
+VESK_API bool MakeDirectories(const std::string& path, unsigned int mode = 0700);
 
 } // namespace vesk::platform

@@ -1,5 +1,7 @@
 #include "text/TranscriptData_p.hpp"
 
+#include <vesk/frame.hpp>
+
 #include "platform/codepage.hpp"
 
 #include <initializer_list>
@@ -73,8 +75,9 @@ namespace vesk::detail {
 
 const TranscriptData* CurrentTranscriptData()
 {
-    // The transcript settings live in the library state, which does not exist yet.
-    return nullptr;
+    // The transcript settings live in the library state; without it no text is transcript.
+    const VeskData* state = GetPVeskData();
+    return state && state->HasTranscriptData() ? state->GetTranscriptData() : nullptr;
 }
 
 bool IsTranscriptText(const TranscriptData* data, const char* text, uint32_t length)

@@ -1,4 +1,7 @@
+#include <vesk/frame.hpp>
 #include <vesk/text.hpp>
+
+#include "support/ConfigHomeGuard.hpp"
 
 #include "UStringTestUtil.hpp"
 
@@ -118,4 +121,14 @@ TEST(SStringTranscript, FalseWithoutTheLibraryState)
     EXPECT_FALSE(SString("\xCF\xF0\xE8\xE2\xE5\xF2").IsTranscript());
     EXPECT_FALSE(SString::IsTranscript("\xCF\xF0\xE8\xE2\xE5\xF2"));
     EXPECT_FALSE(SString::IsTranscript(nullptr));
+}
+
+TEST(SStringTranscript, CyrillicTextOnceTheLibraryStateHoldsCyrillic)
+{
+    vesk::test::ConfigHomeGuard home;
+    vesk::VeskInit();
+    EXPECT_TRUE(SString("\xCF\xF0\xE8\xE2\xE5\xF2").IsTranscript());
+    EXPECT_FALSE(SString("Privet").IsTranscript());
+    vesk::VeskExit();
+    EXPECT_FALSE(SString("\xCF\xF0\xE8\xE2\xE5\xF2").IsTranscript());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/GlobalLocaleGuard.hpp"
 #include "text/SString_p.hpp"
 
 #include <gtest/gtest.h>
@@ -48,27 +49,6 @@ inline std::string Bytes(const SString& s)
 {
     return std::string(static_cast<const char*>(s), s.Len());
 }
-
-// Sets one category of the global C locale for the guard's lifetime; Active() tells whether
-// the locale exists on this machine.
-class GlobalLocaleGuard {
-public:
-    GlobalLocaleGuard(int category, const char* name) : m_category(category)
-    {
-        const char* previous = std::setlocale(category, nullptr);
-        m_previous = previous ? previous : "C";
-        m_active = std::setlocale(category, name) != nullptr;
-    }
-    ~GlobalLocaleGuard() { std::setlocale(m_category, m_previous.c_str()); }
-    GlobalLocaleGuard(const GlobalLocaleGuard&) = delete;
-    GlobalLocaleGuard& operator=(const GlobalLocaleGuard&) = delete;
-    bool Active() const { return m_active; }
-
-private:
-    int m_category;
-    std::string m_previous;
-    bool m_active;
-};
 
 } // namespace test
 } // namespace vesk

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <cstdint>
+
 namespace vesk {
 
 // Rows of the library's colour table. Rows 16 to 28 follow the desktop's colour scheme and
-// are refreshed by VeskData::InitColorTable; the others are fixed.
-enum ColorName
+// are refreshed by VeskData::InitColorTable; the others are fixed. The fixed underlying type
+// makes every 32-bit value a valid ColorName, so out-of-range rows are defined behaviour.
+enum ColorName : int32_t
 {
     COL_BLACK = 0,
     COL_BLUE,

@@ -1,0 +1,45 @@
+#pragma once
+
+// The user's regional settings, derived from the process's POSIX locale under the original
+// platform's "intl" profile key names. Each category is read from the locale in force for it:
+// the process's own when the program has set one other than C or POSIX (setlocale), else the
+// one the environment names (LC_ALL, then LC_TIME, LC_NUMERIC, ..., then LANG). A category
+// whose locale is C, POSIX or missing on the machine contributes no keys.
+//
+//   LC_TIME       sShortDate   picture of D_FMT (see DatePicture)
+//                 sLongDate    picture of the date form of _DATE_FMT (time and zone left out,
+//                              names in full), else of D_T_FMT
+//                 iTime, iTLZero, sTime   from the hour field of T_FMT (%r: T_FMT_AMPM)
+//                 s1159, s2359 AM_STR, PM_STR
+//   LC_NUMERIC    sDecimal     RADIXCHAR
+//                 sThousand    THOUSEP, empty when GROUPING groups nothing
+//                 sList        ";" when the decimal separator is ",", else ","
+//   LC_MONETARY   sCurrency    CURRENCY_SYMBOL
+//                 iCurrDigits  FRAC_DIGITS
+//                 iCurrency    from P_CS_PRECEDES and P_SEP_BY_SPACE
+//                 iNegCurr     from N_CS_PRECEDES, N_SEP_BY_SPACE and N_SIGN_POSN
+//   LC_TELEPHONE  iCountry     the international dialling prefix (_NL_TELEPHONE_INT_PREFIX)
+//
+// POSIX has no counterpart of iLzero and iDigits (the C library always writes the zero before
+// the decimal separator); they are left to the country's record. Texts in a locale whose
+// codeset is not UTF-8 are converted to UTF-8 with iconv.
+
+#include <vesk/export.hpp>
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+
+namespace vesk::platform {
+
+// "intl" key names with their UTF-8 values.
+using IntlKeys = std::map<std::string, std::string, std::less<>>;
+
+// The keys derived from the locale, as listed above.
+VESK_API IntlKeys IntlKeysFromLocale();
+
+// The user's LCID: the identifier of LC_TIME's locale name (see LcidFromLocaleName).
+VESK_API uint32_t UserDefaultLCID();
+
+} // namespace vesk::platform
