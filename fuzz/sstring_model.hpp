@@ -324,6 +324,7 @@ inline bool Run(const uint8_t* data, size_t size, std::string& failed)
             break;
         }
         check(Bytes(s) == model.text, "text");
+        check(static_cast<const char*>(s)[s.Len()] == 0, "terminating zero");
         check(s.IsUTF8() == model.utf8, "UTF-8 flag");
     }
     return failed.empty();

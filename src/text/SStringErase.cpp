@@ -1,6 +1,7 @@
 #include "text/SString_p.hpp"
 
 #include <algorithm>
+#include <bit>
 
 namespace vesk {
 
@@ -32,17 +33,33 @@ void SStringErase(SStringData*& slot, uint32_t index, uint32_t length)
 namespace vesk {
 namespace {
 
-// Copies n bytes without any `c` from src to dst (which may be src itself); returns the count.
-uint32_t CopyWithout(char* dst, const char* src, uint32_t n, char c)
+// Copies n bytes without any `c` from src to a separate dst of `room` writable bytes and
+// returns the count. Eight bytes at a time: each run between the matches of a word is written
+// with one 8-byte store, whose surplus the next store or the terminating zero overwrites.
+uint32_t CopyWithout(char* dst, const char* src, uint32_t n, char c, uint32_t room)
 {
-    const char* end = src + n;
     uint32_t out = 0;
-    while (src < end) {
-        const char* hit = static_cast<const char*>(std::memchr(src, c, size_t(end - src)));
-        const char* stop = hit ? hit : end;
-        std::memmove(dst + out, src, size_t(stop - src));
-        out += uint32_t(stop - src);
-        src = hit ? hit + 1 : end;
+    uint32_t i = 0;
+    for (; i + 8 <= n && out + 8 <= room; i += 8) {
+        uint64_t word;
+        std::memcpy(&word, src + i, 8);
+        uint32_t from = 0;
+        for (uint64_t matches = SStringByteMatches(word, c); matches != 0; matches &= matches - 1) {
+            const auto at = uint32_t(std::countr_zero(matches)) / 8;
+            const uint64_t run = word >> (8 * from);
+            std::memcpy(dst + out, &run, 8);
+            out += at - from;
+            from = at + 1;
+        }
+        if (from < 8) {
+            const uint64_t run = word >> (8 * from);
+            std::memcpy(dst + out, &run, 8);
+            out += 8 - from;
+        }
+    }
+    for (; i < n; ++i) {
+        dst[out] = src[i];
+        out += src[i] != c;
     }
     return out;
 }
@@ -94,20 +111,25 @@ void SString::EraseAllChars(char c)
     const uint32_t len = rec->nLen;
     if (rec->IsPrivate()) {
         if (len != 0) {
-            rec->SetLength(CopyWithout(rec->Text(), rec->Text(), len, c));
+            rec->SetLength(uint32_t(std::remove(rec->Text(), rec->Text() + len, c) - rec->Text()));
             if (rec->nLen == 0)
                 SStringSetRecord(m_pData, SStringData::Empty());
         }
         return;
     }
+    // A shared record stays as it is when there is nothing to erase.
     const uint32_t found = SStringCountByte(rec->Text(), len, c);
     if (found == 0)
         return;
-    SStringData* rest = found == len ? SStringData::Empty() : SStringData::Make(len - found);
-    if (found != len) {
-        CopyWithout(rest->Text(), rec->Text(), len, c);
-        rest->SetUTF8(rec->IsUTF8());
+    if (found == len) {
+        SStringSetRecord(m_pData, SStringData::Empty());
+        return;
     }
+    SStringData* rest = SStringData::Make(len - found);
+    // The stores may pass the new length; the zero is written again behind them.
+    CopyWithout(rest->Text(), rec->Text(), len, c, len - found + 1);
+    rest->SetLength(len - found);
+    rest->SetUTF8(rec->IsUTF8());
     SStringSetRecord(m_pData, rest);
 }
 

@@ -1,7 +1,6 @@
 #include "text/SString_p.hpp"
 
 #include <algorithm>
-#include <bit>
 
 namespace vesk {
 namespace {
@@ -31,17 +30,13 @@ uint32_t TokenEnd(const SStringData* rec, uint32_t start, char sep)
 
 uint32_t SStringCountByte(const char* text, uint32_t n, char c) noexcept
 {
-    constexpr uint64_t kLow7 = 0x7F7F7F7F7F7F7F7Full;
-    const uint64_t pattern = 0x0101010101010101ull * static_cast<unsigned char>(c);
     uint32_t count = 0;
     uint32_t i = 0;
     for (; i + 8 <= n; i += 8) {
         uint64_t word;
         std::memcpy(&word, text + i, 8);
-        const uint64_t x = word ^ pattern;
-        // The high bit of each byte is set where x has a non-zero byte, exactly.
-        const uint64_t nonZero = ((x & kLow7) + kLow7) | x;
-        count += uint32_t(std::popcount(~nonZero & ~kLow7));
+        // One 1 per matching byte, summed by the multiplication into the top byte.
+        count += uint32_t(((SStringByteMatches(word, c) >> 7) * 0x0101010101010101ull) >> 56);
     }
     for (; i < n; ++i)
         count += text[i] == c;

@@ -61,6 +61,21 @@ inline StringCompare SStringToCompare(int order) noexcept
     return order < 0 ? COMPARE_LESS : order > 0 ? COMPARE_GREATER : COMPARE_EQUAL;
 }
 
+// One bit per byte of `word` (the byte's high bit) where it equals c, exactly.
+inline uint64_t SStringByteMatches(uint64_t word, char c) noexcept
+{
+    constexpr uint64_t kLow7 = 0x7F7F7F7F7F7F7F7Full;
+    const uint64_t x = word ^ (0x0101010101010101ull * static_cast<unsigned char>(c));
+    // The high bit of each byte is set where x has a non-zero byte.
+    const uint64_t nonZero = ((x & kLow7) + kLow7) | x;
+    return ~nonZero & ~kLow7;
+}
+
+inline bool SStringHasByte(uint64_t word, char c) noexcept
+{
+    return SStringByteMatches(word, c) != 0;
+}
+
 // The number of bytes equal to c among n bytes, eight at a time.
 uint32_t SStringCountByte(const char* text, uint32_t n, char c) noexcept;
 

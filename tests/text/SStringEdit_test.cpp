@@ -53,8 +53,14 @@ TEST(SStringEdit, ErasingTheTailOfAPrivateRecordWorksInPlace)
     EXPECT_TRUE(IsSharedEmpty(s));
 }
 
-TEST(SStringEdit, ErasingEveryCharacterGivesTheEmptyRecord)
+TEST(SStringEdit, ErasingCharactersFromASharedRecord)
 {
+    const SString text("a,bc,,def,ghij,klmnop,q,");
+    SString copy(text);
+    copy.EraseAllChars(',');
+    EXPECT_EQ(copy, "abcdefghijklmnopq");
+    EXPECT_EQ(std::strlen(copy), copy.Len());
+
     SString s("----");
     SString shared(s);
     shared.EraseTrailingChars('-');
