@@ -84,6 +84,8 @@ TEST(LocaleSource, EachCategoryFollowsItsOwnVariable)
     test::EnvGuard lang("LANG", "de_DE.UTF-8");
     test::EnvGuard numeric("LC_NUMERIC", "C");
     test::EnvGuard time("LC_TIME", "fr_CH.UTF-8");
+    test::EnvGuard money("LC_MONETARY", nullptr);
+    test::EnvGuard telephone("LC_TELEPHONE", nullptr);
     IntlKeys keys = IntlKeysFromLocale();
     EXPECT_EQ(keys["sShortDate"], "dd. MM. yy");
     EXPECT_EQ(keys.count("sDecimal"), 0u);
