@@ -176,7 +176,8 @@ public:
     uint8_t Byte() { return m_p < m_end ? *m_p++ : 0; }
     std::string Text()
     {
-        const size_t n = std::min<size_t>(Byte() % 5, size_t(m_end - m_p));
+        const size_t wanted = Byte() % 5;
+        const size_t n = std::min(wanted, size_t(m_end - m_p));
         std::string s(reinterpret_cast<const char*>(m_p), n);
         m_p += n;
         return s;
@@ -212,7 +213,9 @@ inline bool Run(const uint8_t* data, size_t size, std::string& failed)
             failed = name;
         return ok;
     };
-    while (in.More() && failed.empty()) {
+    // Replacements may double the text at every step; the model is quadratic, so it stops
+    // growing texts early.
+    while (in.More() && failed.empty() && model.text.size() < 4096) {
         const uint8_t op = in.Byte();
         const uint32_t a = in.Byte() % 24;
         const uint32_t b = in.Byte() % 24;

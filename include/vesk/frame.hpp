@@ -3,3 +3,4 @@
 // Library state, start-up and shut-down, dynamic libraries and the re-entrant lock.
 #include <vesk/frame/InlineCritSect.hpp>
 #include <vesk/frame/LibraryLoader.hpp>
+#include <vesk/frame/VeskData.hpp>

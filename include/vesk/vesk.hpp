@@ -3,6 +3,8 @@
 // The whole public interface of Vesk.
 #include <vesk/containers.hpp>
 #include <vesk/datetime.hpp>
+#include <vesk/docking.hpp>
+#include <vesk/errcode.hpp>
 #include <vesk/export.hpp>
 #include <vesk/files.hpp>
 #include <vesk/frame.hpp>

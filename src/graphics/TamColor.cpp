@@ -1,5 +1,7 @@
 #include <vesk/graphics/TamColor.hpp>
 
+#include <vesk/frame/VeskData.hpp>
+
 #include "graphics/ColorMath_p.hpp"
 
 #include <algorithm>
@@ -28,6 +30,16 @@ TamColor::TamColor(uint32_t red, uint32_t green, uint32_t blue)
       m_nGreen(static_cast<uint16_t>(std::min<uint32_t>(green >> 8, 255))),
       m_nBlue(static_cast<uint16_t>(std::min<uint32_t>(blue >> 8, 255)))
 {
+}
+
+TamColor::TamColor(ColorName name) : m_nRed(0), m_nGreen(0), m_nBlue(0)
+{
+    if (const VeskData* data = GetPVeskData()) {
+        ColorTableEntry entry = data->GetColorTableEntry(name);
+        m_nRed = entry.m_nRed >> 8;
+        m_nGreen = entry.m_nGreen >> 8;
+        m_nBlue = entry.m_nBlue >> 8;
+    }
 }
 
 uint32_t TamColor::GetLong() const

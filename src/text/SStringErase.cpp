@@ -100,7 +100,7 @@ void SString::EraseAllChars(char c)
         }
         return;
     }
-    const auto found = uint32_t(std::count(rec->Text(), rec->Text() + len, c));
+    const uint32_t found = SStringCountByte(rec->Text(), len, c);
     if (found == 0)
         return;
     SStringData* rest = found == len ? SStringData::Empty() : SStringData::Make(len - found);

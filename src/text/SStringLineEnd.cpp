@@ -1,39 +1,13 @@
 #include "text/SString_p.hpp"
 
-#include <algorithm>
-#include <cstring>
+#include <memory>
 
 namespace vesk {
 namespace {
 
-// Position of the next CR or LF at or after i, or len (strcspn stops at inner zeros too).
-uint32_t NextLineEnd(const char* text, uint32_t i, uint32_t len)
+bool IsLineEndChar(char c)
 {
-    while (i < len) {
-        i += uint32_t(std::strcspn(text + i, "\r\n"));
-        if (i >= len || text[i] != 0)
-            break;
-        ++i;
-    }
-    return std::min(i, len);
-}
-
-// Calls stretch(from, to) for every run of other characters and lineEnd(at, n) for every
-// line end: CR LF and LF CR (two different line-end characters) form one, CR CR and LF LF
-// are two.
-template <typename Stretch, typename LineEndFound>
-void WalkLines(const char* text, uint32_t len, Stretch stretch, LineEndFound lineEnd)
-{
-    for (uint32_t i = 0;;) {
-        const uint32_t at = NextLineEnd(text, i, len);
-        stretch(i, at);
-        if (at == len)
-            return;
-        const char next = at + 1 < len ? text[at + 1] : 0;
-        const uint32_t n = (next == '\r' || next == '\n') && next != text[at] ? 2 : 1;
-        lineEnd(at, n);
-        i = at + n;
-    }
+    return c == '\r' || c == '\n';
 }
 
 bool IsTarget(const char* end, uint32_t n, LineEnd target)
@@ -60,31 +34,33 @@ void SString::ConvertLineEnd(LineEnd target)
     const char* replacement = target == LINEEND_CR ? "\r" : target == LINEEND_LF ? "\n" : "\r\n";
     const uint32_t width = target == LINEEND_CRLF ? 2 : 1;
 
-    uint64_t newLen = 0;
+    // One pass into a scratch buffer of the largest possible size: the new length and whether
+    // anything differs are only known at the end, and a second scan would cost more than the
+    // final copy.
+    const std::unique_ptr<char[]> scratch(new char[size_t(len) * width]);
+    char* out = scratch.get();
     bool differs = false;
-    WalkLines(
-        text, len, [&](uint32_t from, uint32_t to) { newLen += to - from; },
-        [&](uint32_t at, uint32_t n) {
-            differs = differs || !IsTarget(text + at, n, target);
-            newLen += width;
-        });
+    for (uint32_t i = 0; i < len;) {
+        const char c = text[i];
+        // Most bytes pass with the first comparison.
+        if (static_cast<unsigned char>(c) > '\r' || !IsLineEndChar(c)) {
+            *out++ = c;
+            ++i;
+            continue;
+        }
+        // CR LF and LF CR (two different line-end characters) form one line end; CR CR and
+        // LF LF are two.
+        const char next = i + 1 < len ? text[i + 1] : 0;
+        const uint32_t n = IsLineEndChar(next) && next != c ? 2 : 1;
+        differs = differs || !IsTarget(text + i, n, target);
+        for (uint32_t k = 0; k < width; ++k)
+            *out++ = replacement[k];
+        i += n;
+    }
+    const auto newLen = uint64_t(out - scratch.get());
     if (!differs || newLen >= STRING_MAXLEN)
         return;
-
-    SStringData* result = SStringData::Make(uint32_t(newLen));
-    char* out = result->Text();
-    WalkLines(
-        text, len,
-        [&](uint32_t from, uint32_t to) {
-            std::memcpy(out, text + from, to - from);
-            out += to - from;
-        },
-        [&](uint32_t, uint32_t) {
-            std::memcpy(out, replacement, width);
-            out += width;
-        });
-    result->SetUTF8(rec->IsUTF8());
-    SStringSetRecord(m_pData, result);
+    SStringSetRecord(m_pData, SStringData::Make(scratch.get(), uint32_t(newLen), rec->IsUTF8()));
 }
 
 } // namespace vesk

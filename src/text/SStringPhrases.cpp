@@ -34,6 +34,8 @@ public:
     {
         m_pText = text->Text();
         m_pWhat = what->Text();
+        // strncmp compares up to a zero in the pattern.
+        m_compared = uint32_t(strnlen(m_pWhat, what->nLen - 1) + 1);
         m_first[0] = m_first[1] = what->Text()[0];
         if (!noCase)
             return;
@@ -64,8 +66,11 @@ public:
         return STRING_NOTFOUND;
     }
 
+    // The match from a candidate on; most candidates match where they stand.
     uint32_t Find(uint32_t len, uint32_t wl, uint32_t from) const
     {
+        if (uint64_t(from) + wl <= len && std::memcmp(m_pText + from, m_pWhat, m_compared) == 0)
+            return from;
         return FindPattern(m_pText, len, m_pWhat, wl, from, SearchDirection::Forward, nullptr);
     }
 
@@ -80,6 +85,7 @@ private:
 
     const char* m_pText;
     const char* m_pWhat;
+    uint32_t m_compared;
     char m_first[2];
     std::vector<char> m_foldedText;
     std::vector<char> m_foldedWhat;

@@ -1,6 +1,7 @@
 #include "text/SString_p.hpp"
 
 #include <algorithm>
+#include <bit>
 
 namespace vesk {
 namespace {
@@ -28,11 +29,30 @@ uint32_t TokenEnd(const SStringData* rec, uint32_t start, char sep)
 
 } // namespace
 
+uint32_t SStringCountByte(const char* text, uint32_t n, char c) noexcept
+{
+    constexpr uint64_t kLow7 = 0x7F7F7F7F7F7F7F7Full;
+    const uint64_t pattern = 0x0101010101010101ull * static_cast<unsigned char>(c);
+    uint32_t count = 0;
+    uint32_t i = 0;
+    for (; i + 8 <= n; i += 8) {
+        uint64_t word;
+        std::memcpy(&word, text + i, 8);
+        const uint64_t x = word ^ pattern;
+        // The high bit of each byte is set where x has a non-zero byte, exactly.
+        const uint64_t nonZero = ((x & kLow7) + kLow7) | x;
+        count += uint32_t(std::popcount(~nonZero & ~kLow7));
+    }
+    for (; i < n; ++i)
+        count += text[i] == c;
+    return count;
+}
+
 unsigned int SString::GetTokenCount(char sep) const
 {
     SStringLock lock(*this);
     const uint32_t len = m_pData->nLen;
-    return len == 0 ? 0 : 1 + uint32_t(std::count(m_pData->Text(), m_pData->Text() + len, sep));
+    return len == 0 ? 0 : 1 + SStringCountByte(m_pData->Text(), len, sep);
 }
 
 SString SString::GetToken(unsigned int index, char sep) const
@@ -64,7 +84,7 @@ std::vector<SString> SString::GetAllTokens(char sep) const
     if (len == 0)
         return tokens;
     const char* text = m_pData->Text();
-    tokens.resize(1 + size_t(std::count(text, text + len, sep)));
+    tokens.resize(1 + size_t(SStringCountByte(text, len, sep)));
     uint32_t start = 0;
     for (SString& token : tokens) {
         const uint32_t end = TokenEnd(m_pData, start, sep);

@@ -61,6 +61,9 @@ inline StringCompare SStringToCompare(int order) noexcept
     return order < 0 ? COMPARE_LESS : order > 0 ? COMPARE_GREATER : COMPARE_EQUAL;
 }
 
+// The number of bytes equal to c among n bytes, eight at a time.
+uint32_t SStringCountByte(const char* text, uint32_t n, char c) noexcept;
+
 // The helpers below work on a string's record slot; the caller holds the string's lock.
 
 // Puts `rec` in the slot and drops the record it held.

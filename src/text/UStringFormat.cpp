@@ -27,7 +27,7 @@ public:
     std::optional<std::u16string> Run(const char16_t* format);
 
 private:
-    struct Spec {
+    struct Field {
         std::string flags;
         int width = -1;
         int precision = -1;
@@ -35,10 +35,10 @@ private:
         char conversion = 0;
     };
 
-    bool ParseSpec(const char16_t*& p, Spec& spec);
-    bool Convert(const Spec& spec);
-    bool Number(const Spec& spec);
-    void Text(const Spec& spec, std::u16string_view text);
+    bool ParseField(const char16_t*& p, Field& field);
+    bool Convert(const Field& field);
+    bool Number(const Field& field);
+    void Text(const Field& field, std::u16string_view text);
     void CutToLimit()
     {
         if (m_out.size() > USTRING_MAXLEN)
@@ -88,8 +88,8 @@ std::optional<std::u16string> WideFormatter::Run(const char16_t* format)
             m_out += u'%';
             continue;
         }
-        Spec spec;
-        if (!ParseSpec(p, spec) || !Convert(spec))
+        Field field;
+        if (!ParseField(p, field) || !Convert(field))
             return std::nullopt;
         // Cut as it goes, so that many wide fields cannot pile up.
         CutToLimit();
@@ -100,28 +100,28 @@ std::optional<std::u16string> WideFormatter::Run(const char16_t* format)
 
 // Reads flags, width, precision and length up to the conversion character, which p then
 // points at.
-bool WideFormatter::ParseSpec(const char16_t*& p, Spec& spec)
+bool WideFormatter::ParseField(const char16_t*& p, Field& field)
 {
     while (IsFlag(*p))
-        spec.flags += static_cast<char>(*p++);
+        field.flags += static_cast<char>(*p++);
     if (*p == u'*') {
         ++p;
         // A negative width asks for left alignment.
         const int width = va_arg(m_args, int);
         if (width < 0)
-            spec.flags += '-';
-        spec.width = static_cast<int>(std::min<int64_t>(std::abs(int64_t(width)), kLargestField));
+            field.flags += '-';
+        field.width = static_cast<int>(std::min<int64_t>(std::abs(int64_t(width)), kLargestField));
     } else if (*p >= u'0' && *p <= u'9') {
-        spec.width = ParseNumber(p);
+        field.width = ParseNumber(p);
     }
     if (*p == u'.') {
         ++p;
         if (*p == u'*') {
             ++p;
             // A negative precision counts as none.
-            spec.precision = std::clamp(va_arg(m_args, int), -1, kLargestField);
+            field.precision = std::clamp(va_arg(m_args, int), -1, kLargestField);
         } else {
-            spec.precision = ParseNumber(p);
+            field.precision = ParseNumber(p);
         }
     }
     static const char* const kLengths[] = {"hh", "h", "ll", "l", "L", "j", "z", "t", "I64", "I32",
@@ -132,56 +132,56 @@ bool WideFormatter::ParseSpec(const char16_t*& p, Spec& spec)
         while (i < n && p[i] == static_cast<unsigned char>(length[i]))
             ++i;
         if (i == n) {
-            spec.length = length;
+            field.length = length;
             p += n;
             break;
         }
     }
     if (*p == 0 || *p >= 0x80)
         return false;
-    spec.conversion = static_cast<char>(*p);
+    field.conversion = static_cast<char>(*p);
     return true;
 }
 
-bool WideFormatter::Convert(const Spec& spec)
+bool WideFormatter::Convert(const Field& field)
 {
-    switch (spec.conversion) {
+    switch (field.conversion) {
     case 's':
     case 'S':
-        if (TakesWideText(spec.length, spec.conversion == 'S')) {
+        if (TakesWideText(field.length, field.conversion == 'S')) {
             const auto* text = va_arg(m_args, const char16_t*);
-            Text(spec, text != nullptr ? std::u16string_view(text) : u"(null)");
+            Text(field, text != nullptr ? std::u16string_view(text) : u"(null)");
         } else {
             const auto* text = va_arg(m_args, const char*);
             const UString decoded(text != nullptr ? text : "(null)");
-            Text(spec, static_cast<const char16_t*>(decoded));
+            Text(field, static_cast<const char16_t*>(decoded));
         }
         return true;
     case 'c':
     case 'C': {
         const int c = va_arg(m_args, int);
-        if (TakesWideText(spec.length, spec.conversion == 'C')) {
+        if (TakesWideText(field.length, field.conversion == 'C')) {
             const char16_t unit = static_cast<char16_t>(c);
-            Text(spec, std::u16string_view(&unit, 1));
+            Text(field, std::u16string_view(&unit, 1));
         } else {
             const UString decoded(static_cast<char>(c));
-            Text(spec, static_cast<const char16_t*>(decoded));
+            Text(field, static_cast<const char16_t*>(decoded));
         }
         return true;
     }
     default:
-        return Number(spec);
+        return Number(field);
     }
 }
 
 // Pads text to the width; the precision limits the characters taken.
-void WideFormatter::Text(const Spec& spec, std::u16string_view text)
+void WideFormatter::Text(const Field& field, std::u16string_view text)
 {
-    if (spec.precision >= 0)
-        text = text.substr(0, static_cast<size_t>(spec.precision));
-    const size_t pad = spec.width > 0 && static_cast<size_t>(spec.width) > text.size()
-        ? static_cast<size_t>(spec.width) - text.size() : 0;
-    const bool left = spec.flags.find('-') != std::string::npos;
+    if (field.precision >= 0)
+        text = text.substr(0, static_cast<size_t>(field.precision));
+    const size_t pad = field.width > 0 && static_cast<size_t>(field.width) > text.size()
+        ? static_cast<size_t>(field.width) - text.size() : 0;
+    const bool left = field.flags.find('-') != std::string::npos;
     if (!left)
         m_out.append(pad, u' ');
     m_out.append(text);
@@ -189,15 +189,15 @@ void WideFormatter::Text(const Spec& spec, std::u16string_view text)
         m_out.append(pad, u' ');
 }
 
-bool WideFormatter::Number(const Spec& spec)
+bool WideFormatter::Number(const Field& field)
 {
-    std::string format = "%" + spec.flags;
-    if (spec.width >= 0)
-        format += std::to_string(spec.width);
-    if (spec.precision >= 0)
-        format += "." + std::to_string(spec.precision);
-    const std::string& length = spec.length;
-    const char c = spec.conversion;
+    std::string format = "%" + field.flags;
+    if (field.width >= 0)
+        format += std::to_string(field.width);
+    if (field.precision >= 0)
+        format += "." + std::to_string(field.precision);
+    const std::string& length = field.length;
+    const char c = field.conversion;
     bool printed = false;
     auto print = [&](const char* lengthModifier, auto value) {
         const std::string full = format + lengthModifier + c;

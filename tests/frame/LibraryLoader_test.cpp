@@ -3,42 +3,30 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <thread>
 
 namespace vesk {
 namespace {
 
-TEST(LibraryLoader, VersionedPluginReportsItsVersion)
+TEST(LibraryLoader, VersionAndFunctionsOfPlugins)
 {
-    LibraryLoader loader(VESK_PLUGIN_VERSIONED);
-    ASSERT_NE(loader.GetHandle(), nullptr);
+    LibraryLoader versioned(VESK_PLUGIN_VERSIONED);
     int major = 0;
     int minor = 0;
-    EXPECT_TRUE(loader.FillVersion(major, minor));
+    EXPECT_TRUE(versioned.FillVersion(major, minor));
     EXPECT_EQ(major, 3);
     EXPECT_EQ(minor, 14);
-    EXPECT_EQ(loader.GetMajorVersion(), 3);
-}
+    EXPECT_EQ(versioned.GetMajorVersion(), 3);
+    EXPECT_TRUE(versioned.BOOLFunc("PluginSaysYes")); // returns 7, not just 1
+    EXPECT_FALSE(versioned.BOOLFunc("PluginSaysNo"));
+    EXPECT_FALSE(versioned.BOOLFunc("NoSuchFunction"));
 
-TEST(LibraryLoader, PluginWithoutVersionGivesMinusOne)
-{
-    LibraryLoader loader(VESK_PLUGIN_PLAIN);
-    ASSERT_NE(loader.GetHandle(), nullptr);
-    int major = 0;
-    int minor = 0;
-    EXPECT_FALSE(loader.FillVersion(major, minor));
+    LibraryLoader plain(VESK_PLUGIN_PLAIN);
+    ASSERT_NE(plain.GetHandle(), nullptr);
+    EXPECT_FALSE(plain.FillVersion(major, minor));
     EXPECT_EQ(major, -1);
     EXPECT_EQ(minor, -1);
-    EXPECT_EQ(loader.GetMajorVersion(), -1);
-}
-
-TEST(LibraryLoader, BOOLFuncReportsNonZeroResults)
-{
-    LibraryLoader loader(VESK_PLUGIN_VERSIONED);
-    EXPECT_TRUE(loader.BOOLFunc("PluginSaysYes")); // returns 7, not just 1
-    EXPECT_FALSE(loader.BOOLFunc("PluginSaysNo"));
-    EXPECT_FALSE(loader.BOOLFunc("NoSuchFunction"));
-    EXPECT_NE(loader.GetProcAddress("DllGetVersion"), nullptr);
-    EXPECT_EQ(loader.GetProcAddress("NoSuchFunction"), nullptr);
+    EXPECT_EQ(plain.GetMajorVersion(), -1);
 }
 
 TEST(LibraryLoader, FailedLoadLeavesAnEmptyLoader)
@@ -48,19 +36,27 @@ TEST(LibraryLoader, FailedLoadLeavesAnEmptyLoader)
         EXPECT_EQ(loader.GetHandle(), nullptr);
         EXPECT_EQ(loader.GetProcAddress("DllGetVersion"), nullptr);
         EXPECT_FALSE(loader.BOOLFunc("PluginSaysYes"));
-        int major = 0;
-        int minor = 0;
-        EXPECT_FALSE(loader.FillVersion(major, minor));
-        EXPECT_EQ(major, -1);
-        EXPECT_EQ(minor, -1);
+        EXPECT_EQ(loader.GetMajorVersion(), -1);
     }
+    Kernel32Loader libc;
+    EXPECT_EQ(libc.GetProcAddress("getenv"), reinterpret_cast<void*>(&::getenv));
 }
 
-TEST(LibraryLoader, Kernel32LoaderNamesTheCLibrary)
+TEST(InlineCritSect, HolderMayEnterAgain)
 {
-    Kernel32Loader loader;
-    ASSERT_NE(loader.GetHandle(), nullptr);
-    EXPECT_EQ(loader.GetProcAddress("getenv"), reinterpret_cast<void*>(&::getenv));
+    InlineCritSect lock;
+    lock.Lock();
+    lock.Lock();
+    lock.Unlock();
+    bool entered = false;
+    std::thread other([&] {
+        lock.Lock(); // waits for the last Unlock below
+        entered = true;
+        lock.Unlock();
+    });
+    lock.Unlock();
+    other.join();
+    EXPECT_TRUE(entered);
 }
 
 } // namespace

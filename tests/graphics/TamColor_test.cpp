@@ -17,87 +17,55 @@ void ExpectRgb(const TamColor& c, int r, int g, int b)
     EXPECT_EQ(c.Get8BitBlue(), b);
 }
 
-TEST(TamColor, ConstructorsAndTheSixteenBitView)
+TEST(TamColor, ConversionsAndViews)
 {
     ExpectRgb(TamColor(), 255, 255, 255);
-    ExpectRgb(TamColor(0x00336699u), 0x99, 0x66, 0x33);
     ExpectRgb(TamColor(int32_t(0xFF112233)), 0x33, 0x22, 0x11); // high byte ignored
-    ExpectRgb(TamColor(0xFFFFu, 0x80FFu, 0x00FFu), 255, 128, 0);
-    ExpectRgb(TamColor(0x1FFFFu, 0u, 0u), 255, 0, 0); // wider values are capped
-
-    TamColor c = Rgb(255, 1, 0);
-    EXPECT_EQ(c.GetRed(), 65280);
-    EXPECT_EQ(c.GetGreen(), 256);
+    ExpectRgb(TamColor(0xFFFFu, 0x80FFu, 0x1FFFFu), 255, 128, 255); // wider values capped
+    TamColor c = Rgb(1, 2, 255);
+    EXPECT_EQ(c.GetRed(), 256);
+    EXPECT_EQ(c.GetBlue(), 65280);
+    EXPECT_EQ(c.GetLong(), 0xFF0201u);
+    EXPECT_EQ(c.GetLongReversed(), 0x0102FFu);
     c.SetBlue(0x12FF);
     EXPECT_EQ(c.Get8BitBlue(), 0x12);
-    EXPECT_DOUBLE_EQ(c.GetFRed(), 1.0);
-    EXPECT_DOUBLE_EQ(c.GetFGreen(), 1.0 / 255.0);
-}
-
-TEST(TamColor, PackedValuesAndVectorMath)
-{
-    TamColor c = Rgb(1, 2, 3);
-    EXPECT_EQ(c.GetLong(), 0x030201u);
-    EXPECT_EQ(static_cast<uint32_t>(c), 0x030201u);
-    EXPECT_EQ(c.GetLongReversed(), 0x010203u);
-    EXPECT_DOUBLE_EQ(c.ScalarProduct(Rgb(4, 5, 6)), 32.0);
     EXPECT_DOUBLE_EQ(Rgb(3, 4, 0).GetLen(), 5.0);
 }
 
-TEST(TamColor, LuminanceUsesItsOwnGreenWeight)
+TEST(TamColor, LuminanceAndGrayKeepTheirArithmetic)
 {
+    // Green weighs 0.751, so white is slightly brighter than 1.
     EXPECT_DOUBLE_EQ(Rgb(255, 255, 255).GetLuminance(), (0.2126 + 0.751 + 0.0722) * 65280 / 65536);
-    EXPECT_GT(Rgb(255, 255, 255).GetLuminance(), 1.0);
-    EXPECT_DOUBLE_EQ(Rgb(0, 100, 0).GetLuminance(), 0.751 * 25600 / 65536);
-}
-
-TEST(TamColor, GrayValueTruncatesTheWeightedSum)
-{
-    ExpectRgb(Rgb(255, 255, 255).GetGrayValue(), 255, 255, 255);
     ExpectRgb(Rgb(255, 0, 0).GetGrayValue(), 76, 76, 76);
     // The weights do not sum to exactly 1 in floating point: mid grey loses one step.
     ExpectRgb(Rgb(128, 128, 128).GetGrayValue(), 127, 127, 127);
-    ExpectRgb(Rgb(192, 192, 192).GetGrayValue(), 192, 192, 192);
-    ExpectRgb(Rgb(1, 1, 1).GetGrayValue(), 0, 0, 0);
+    ExpectRgb(Rgb(255, 255, 255).GetGrayValue(), 255, 255, 255);
 }
 
 TEST(TamColor, GdiplusColorScalesOpacityInIntegers)
 {
     TamColor red = Rgb(255, 0, 0);
     EXPECT_EQ(red.GetGdiplusColor(50), 0x7FFF0000u);
-    EXPECT_EQ(red.GetGdiplusColor(100), 0xFFFF0000u);
-    EXPECT_EQ(Rgb(1, 2, 3).GetGdiplusColor(0), 0x00010203u);
-    EXPECT_EQ(red.GetGdiplusColor(-100), 0x01FF0000u);  // -255 keeps its low byte
-    EXPECT_EQ(red.GetGdiplusColor(200), 0xFEFF0000u);   // 510 keeps its low byte
-    EXPECT_EQ(red.GetGdiplusColor(10000000), 0x38FF0000u); // product wraps at 32 bits
+    EXPECT_EQ(red.GetGdiplusColor(-100), 0x01FF0000u);       // -255 keeps its low byte
+    EXPECT_EQ(red.GetGdiplusColor(10000000), 0x38FF0000u);   // the product wraps at 32 bits
 }
 
-TEST(TamColor, BrightnessAndDarkening)
+TEST(TamColor, BrightnessDarkenAndLighten)
 {
     TamColor c = Rgb(200, 100, 3);
     ExpectRgb(c.ChangeBrightness(50), 100, 50, 1);
     ExpectRgb(c, 100, 50, 1);
     ExpectRgb(Rgb(200, 100, 0).ChangeBrightness(200), 255, 200, 0);
-
     ExpectRgb(Rgb(200, 100, 3).Darken(25), 150, 75, 2);
     ExpectRgb(Rgb(200, 100, 3).Darken(150), 0, 0, 0);
-    ExpectRgb(Rgb(200, 100, 3).Darken(0), 200, 100, 3);
-}
 
-TEST(TamColor, LightenModes)
-{
     ExpectRgb(Rgb(200, 100, 0).Lighten(50, 0), 255, 150, 0);
-    ExpectRgb(Rgb(254, 100, 0).Lighten(0, 0), 254, 100, 0);
-    // Scaling below zero wraps to white rather than black.
-    ExpectRgb(Rgb(200, 100, 0).Lighten(-150, 0), 255, 255, 0);
-    ExpectRgb(Rgb(100, 0, 200).Lighten(100, 1), 255, 255, 255);
+    ExpectRgb(Rgb(200, 100, 0).Lighten(-150, 0), 255, 255, 0); // below zero wraps to white
     ExpectRgb(Rgb(100, 0, 200).Lighten(50, 1), 177, 127, 227);
     ExpectRgb(Rgb(100, 0, 200).Lighten(500, 1), 255, 255, 255);
     ExpectRgb(Rgb(100, 0, 200).Lighten(50, 2), 100, 0, 200);
-
-    TamColor c = Rgb(100, 100, 100);
-    ExpectRgb(c.Lighten(10, 160, -200), 110, 255, 255);
-    ExpectRgb(c, 110, 255, 255);
+    // 100 * 2.55 is 254.99999 in floating point, so it stays below the cap.
+    ExpectRgb(Rgb(100, 100, 100).Lighten(10, 155, 160), 110, 254, 255);
 }
 
 TEST(TamColor, FromHSL)
@@ -111,48 +79,20 @@ TEST(TamColor, FromHSL)
     ExpectRgb(TamColor::FromHSL(0, 0, 2.0), 254, 254, 254); // 510 keeps its low byte
 }
 
-TEST(TamColor, HexDigits)
-{
-    EXPECT_EQ(TamColor::GetHexValue('0'), 0);
-    EXPECT_EQ(TamColor::GetHexValue('9'), 9);
-    EXPECT_EQ(TamColor::GetHexValue('a'), 10);
-    EXPECT_EQ(TamColor::GetHexValue('f'), 15);
-    EXPECT_EQ(TamColor::GetHexValue('F'), 15);
-    EXPECT_EQ(TamColor::GetHexValue('G'), 16);
-    EXPECT_EQ(TamColor::GetHexValue('Z'), 35);
-    EXPECT_EQ(TamColor::GetHexValue('g'), 0);
-    EXPECT_EQ(TamColor::GetHexValue('#'), 0);
-}
-
-TEST(TamColor, HtmlTextReadsSixDigitsAfterTheFirstCharacter)
+TEST(TamColor, HtmlText)
 {
     ExpectRgb(TamColor(SString("#12ab3G")), 18, 171, 64);
-    ExpectRgb(TamColor(SString("x00FF80")), 0, 255, 128);     // the first character is not checked
-    ExpectRgb(TamColor(SString("#102030 and more")), 16, 32, 48);
-    ExpectRgb(TamColor(SString("#GZ-+zz")), 16 * 16 + 35, 0, 0); // no range check, junk reads 0
-    ExpectRgb(TamColor(SString("#123")), 255, 255, 255);
+    ExpectRgb(TamColor(SString("x00FF80 and more")), 0, 255, 128); // the first character is not checked
+    ExpectRgb(TamColor(SString("#GZ-+zz")), 16 * 16 + 35, 0, 0);   // no range check, junk reads 0
     ExpectRgb(TamColor(SString("#12345")), 255, 255, 255);
     ExpectRgb(TamColor(SString("")), 255, 255, 255);
-}
 
-TEST(TamColor, TextForms)
-{
     EXPECT_STREQ(Rgb(1, 2, 255).GetHTMLStr(), "#0102FF");
-    EXPECT_STREQ(Rgb(16, 0, 171).GetHTMLStr(), "#1000AB");
-    for (const char* text : {"#000000", "#FFFFFF", "#0A1B2C", "#F00F80"})
+    for (const char* text : {"#000000", "#0A1B2C", "#F00F80"})
         EXPECT_STREQ(TamColor(SString(text)).GetHTMLStr(), text);
     EXPECT_STREQ(TamColor(SString("#GG0000")).GetHTMLStr(), "#1100000"); // 272 needs three digits
     EXPECT_STREQ(Rgb(7, 80, 255).GetTestStr(), "r=7 g=80 b=255");
     EXPECT_STREQ(RGBAlpha(7, 80, 255, 0).GetStr(), "r=7g=80b=255a=0");
-}
-
-TEST(TransparentColor, KeepsColourAndOpacity)
-{
-    TransparentColor t(Rgb(1, 2, 3), 40);
-    ExpectRgb(t, 1, 2, 3);
-    EXPECT_EQ(t.GetOpacity(), 40);
-    EXPECT_EQ(t.GetGdiplusColor(t.GetOpacity()), 0x66010203u);
-    EXPECT_EQ(TransparentColor().GetOpacity(), 100);
 }
 
 } // namespace

@@ -28,6 +28,9 @@ public:
     // From an HTML colour text "#RRGGBB": characters 1 to 6 are read with GetHexValue, the
     // first one is not looked at; white when the text is shorter than 7 characters.
     explicit TamColor(const SString& html);
+    // Row `name` of the library's colour table (the high byte of each 16-bit channel); black
+    // when the library is not started or the name is outside the table.
+    explicit TamColor(ColorName name);
 
     // 16-bit view of the channels: the stored value times 256.
     uint16_t GetRed() const { return static_cast<uint16_t>(m_nRed << 8); }

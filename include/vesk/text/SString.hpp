@@ -98,6 +98,7 @@ public:
     void AddSeparated(const SString& text, char separator);
 
     // A new private record of length n (not cleared, flag 0); the caller may write n characters.
+    // Sizes past 0x7FFFFFEF fail as out of memory (std::bad_alloc), like any failed allocation.
     char* AllocStrBuf(unsigned int n);
     // A new private record with room for n characters and length 0.
     char* AllocStrCapBuf(unsigned int n);

@@ -26,7 +26,7 @@ struct UStringData;
 //
 // Bytes become UTF-16 as UTF-8 when SString::MayBeUTF8 finds UTF-8 in them, else in the
 // system code page (Windows-1252); a failed decoding gives the empty string. Integer widths
-// follow SString: `int` and `unsigned int` stand for the original's 32-bit `long`.
+// follow SString: `int` and `unsigned int` stand for 32-bit `long` values.
 class VESK_API UString {
 public:
     // The empty string (the static empty record, never allocated).

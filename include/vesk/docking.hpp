@@ -1,0 +1,5 @@
+#pragma once
+
+// Docking: the data buffer of the stored records, dock positions and their neighbours.
+#include <vesk/docking/DataBuffer.hpp>
+#include <vesk/docking/DockNeighbour.hpp>
