@@ -10,6 +10,7 @@
 #include <vesk/frame.hpp>
 #include <vesk/graphics.hpp>
 #include <vesk/links.hpp>
+#include <vesk/locale.hpp>
 #include <vesk/text.hpp>
 #include <vesk/values.hpp>
 #include <vesk/window.hpp>

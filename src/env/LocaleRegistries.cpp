@@ -1,6 +1,9 @@
 #include "env/IntlSettings_p.hpp"
 #include "env/LocaleRegistry_p.hpp"
 #include "env/LocaleTables_p.hpp"
+#include "platform/intl_profile.hpp"
+
+#include <vesk/frame/VeskData.hpp>
 
 #include <algorithm>
 
@@ -46,6 +49,45 @@ std::unique_ptr<CountryRegistry> MakeCountryRegistry(platform::IntlKeys settings
         return record;
     };
     return std::make_unique<CountryRegistry>(TypesWith(BuiltinCountryTypes(), own), build);
+}
+
+struct LocaleRegistriesAccess {
+    static std::shared_ptr<LocaleRegistries>& Slot(VeskData& data) { return data.m_pLocaleRegistries; }
+};
+
+namespace {
+
+LocaleRegistries* Registries()
+{
+    VeskData* data = GetPVeskData();
+    if (!data)
+        return nullptr;
+    std::shared_ptr<LocaleRegistries>& slot = LocaleRegistriesAccess::Slot(*data);
+    if (!slot)
+        slot = std::make_shared<LocaleRegistries>();
+    return slot.get();
+}
+
+} // namespace
+
+LanguageRegistry* ImpGetLanguageRegistry()
+{
+    LocaleRegistries* registries = Registries();
+    if (!registries)
+        return nullptr;
+    if (!registries->pLanguages)
+        registries->pLanguages = MakeLanguageRegistry(platform::UserDefaultLCID());
+    return registries->pLanguages.get();
+}
+
+CountryRegistry* ImpGetCountryRegistry()
+{
+    LocaleRegistries* registries = Registries();
+    if (!registries)
+        return nullptr;
+    if (!registries->pCountries)
+        registries->pCountries = MakeCountryRegistry(platform::ReadIntlKeys());
+    return registries->pCountries.get();
 }
 
 } // namespace vesk

@@ -63,7 +63,14 @@ VESK_API std::unique_ptr<LanguageRegistry> MakeLanguageRegistry(LanguageType use
 // that country's record (else the fallback country's) and reads the settings over it.
 VESK_API std::unique_ptr<CountryRegistry> MakeCountryRegistry(platform::IntlKeys settings);
 
-// The registries of the library state, created on first use; null without VeskInit.
+// The registries that the library state owns; each is made on its first use.
+struct LocaleRegistries {
+    std::unique_ptr<LanguageRegistry> pLanguages;
+    std::unique_ptr<CountryRegistry> pCountries;
+};
+
+// The registries of the library state, created on first use from the system settings (the
+// user's LCID, and the "intl" keys with the user's overrides); null without VeskInit.
 LanguageRegistry* ImpGetLanguageRegistry();
 CountryRegistry* ImpGetCountryRegistry();
 

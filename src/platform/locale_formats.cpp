@@ -1,6 +1,5 @@
 #include "platform/locale_formats.hpp"
 
-#include <cctype>
 #include <cstring>
 #include <vector>
 
@@ -38,7 +37,7 @@ std::vector<Piece> Split(std::string_view format)
             noPadding = noPadding || format[i] == '-';
             ++i;
         }
-        while (i < format.size() && (std::isdigit(static_cast<unsigned char>(format[i])) || format[i] == 'E' || format[i] == 'O'))
+        while (i < format.size() && ((format[i] >= '0' && format[i] <= '9') || format[i] == 'E' || format[i] == 'O'))
             ++i;
         if (i == format.size())
             break;
@@ -102,7 +101,7 @@ std::string Quoted(std::string_view text)
     for (char c : text) {
         if (c == '\'')
             continue;
-        letters = letters || std::isalpha(static_cast<unsigned char>(c));
+        letters = letters || ((c | 0x20) >= 'a' && (c | 0x20) <= 'z');
         out += c;
     }
     return letters ? "'" + out + "'" : out;

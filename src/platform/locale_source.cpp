@@ -3,10 +3,10 @@
 #include "platform/locale_formats.hpp"
 #include "platform/locale_lcid.hpp"
 
+#include <algorithm>
 #include <climits>
 #include <clocale>
 #include <cstdlib>
-#include <cstring>
 #include <iconv.h>
 #include <langinfo.h>
 #include <locale.h>
@@ -160,6 +160,13 @@ void ReadTelephone(IntlKeys& keys)
 }
 
 } // namespace
+
+bool IntlKeyLess::operator()(std::string_view a, std::string_view b) const
+{
+    auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+    return std::lexicographical_compare(
+        a.begin(), a.end(), b.begin(), b.end(), [&lower](char x, char y) { return lower(x) < lower(y); });
+}
 
 IntlKeys IntlKeysFromLocale()
 {

@@ -27,14 +27,20 @@
 #include <vesk/export.hpp>
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace vesk::platform {
 
+// Key names compare without regard to ASCII case, as profile keys do.
+struct VESK_API IntlKeyLess {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const;
+};
+
 // "intl" key names with their UTF-8 values.
-using IntlKeys = std::map<std::string, std::string, std::less<>>;
+using IntlKeys = std::map<std::string, std::string, IntlKeyLess>;
 
 // The keys derived from the locale, as listed above.
 VESK_API IntlKeys IntlKeysFromLocale();

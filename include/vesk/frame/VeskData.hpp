@@ -12,6 +12,8 @@
 
 namespace vesk {
 
+struct LocaleRegistries;
+
 // The library's own registered window messages.
 enum UserMessageCode : int
 {
@@ -120,6 +122,8 @@ public:
     ColorTableEntry GetColorTableEntry(ColorName name) const;
 
 private:
+    friend struct LocaleRegistriesAccess;
+
     NativeWindow m_hMainWnd = nullptr;
     std::shared_ptr<ColorTableEntry[]> m_pColorTable;
     uint32_t m_aKeyCodes[VESKKEY_COUNT] = {};
@@ -127,6 +131,7 @@ private:
     uint32_t m_aUserMessageCodes[3] = {};
     std::u16string m_sWindowClassName;
     std::shared_ptr<TranscriptData> m_pTranscriptData;
+    std::shared_ptr<LocaleRegistries> m_pLocaleRegistries; // International's, made on first use
     double m_fTextScaleFactor = 1.0;
     int32_t m_nResolutionX = 96;
     int32_t m_nResolutionY = 96;

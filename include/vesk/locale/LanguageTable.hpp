@@ -19,13 +19,13 @@ inline constexpr LanguageType LANGUAGE_DONTKNOW = 255;
 // them. Built-in texts are 8-bit strings in the Windows-1252 code page.
 struct VESK_API LanguageTable {
     LanguageType m_eType = LANGUAGE_DONTKNOW;
-    SString m_sDayText[7];         // indexed by DayOfWeek, Monday first
-    SString m_sAbbrevDayText[7];
-    SString m_sMonthText[12];      // January first
-    SString m_sAbbrevMonthText[12];
-    SString m_sOKButtonText;
-    SString m_sCancelButtonText;
-    SString m_sHelpButtonText;
+    SString m_sDayText[7]{};         // indexed by DayOfWeek, Monday first
+    SString m_sAbbrevDayText[7]{};
+    SString m_sMonthText[12]{};      // January first
+    SString m_sAbbrevMonthText[12]{};
+    SString m_sOKButtonText{};
+    SString m_sCancelButtonText{};
+    SString m_sHelpButtonText{};
 
     // Field-wise equality, texts compared byte by byte.
     friend bool operator==(const LanguageTable&, const LanguageTable&) = default;
