@@ -1,5 +1,7 @@
 #include <vesk/docking/DockPosition.hpp>
 
+#include <utility>
+
 namespace vesk {
 
 namespace {
@@ -28,7 +30,7 @@ bool DockPosition::ReadFromDataBuffer(DataBuffer& buffer)
     // Without a name the record holds only pos and the floating rectangle; the name, size,
     // margin side and neighbours held before stay.
     if (result && name.Len() != 0) {
-        m_sName = name;
+        m_sName = std::move(name);
         buffer.ReadSize(m_aSize);
         // A bad size is kept as read, with the neighbours held before.
         result = IsStorableSize(m_aSize);
@@ -42,7 +44,7 @@ bool DockPosition::ReadFromDataBuffer(DataBuffer& buffer)
             for (uint32_t i = 0; i < count && result; ++i) {
                 DockNeighbour neighbour;
                 result = neighbour.ReadFromDataBuffer(buffer);
-                m_aNeighbours.push_back(neighbour);
+                m_aNeighbours.push_back(std::move(neighbour));
             }
         }
     }
