@@ -3,50 +3,44 @@
 #include "../../fuzz/dockposition_check.hpp"
 
 #include <random>
+#include <sstream>
 
 using namespace vesk;
 using namespace vesk::test;
 
 namespace {
 
-// The record fields after the name of a position sized 300 x 200, margin-docked on the left.
-RecordBuilder SizedBody(const std::string& name, uint32_t count)
+// Name, size, margin side, neighbour count with the last neighbour's name and contact, pos
+// and floating rectangle of a position.
+std::string Summary(const DockPosition& p)
 {
-    return RecordBuilder().Str(name).I32(300).I32(200).U32(CBRS_ALIGN_LEFT).U32(count);
+    const CRectangle& r = p.GetRectRecentFloat();
+    std::ostringstream s;
+    s << static_cast<const char*>(p.GetName()) << ' ' << p.GetSize().Width() << 'x' << p.GetSize().Height() << ' '
+      << p.GetMarginAlign() << " n" << p.GetNeighbourVec().size();
+    if (!p.GetNeighbourVec().empty())
+        s << ':' << static_cast<const char*>(p.GetNeighbourVec().back().GetName()) << '/'
+          << p.GetNeighbourVec().back().GetContact();
+    s << ' ' << p.GetPos().x << ',' << p.GetPos().y << ' ' << r.Left() << ',' << r.Top() << ',' << r.Right() << ','
+      << r.Bottom();
+    return s.str();
 }
 
-RecordBuilder NeighbourRecord(const std::string& name, uint32_t contact = NCT_TOUCHING_SIDE)
+// Name and size, then (for a storable size) margin side LEFT and the neighbour count.
+RecordBuilder Head(const std::string& name, uint32_t count, int32_t cx = 300, int32_t cy = 200)
+{
+    RecordBuilder head = RecordBuilder().Str(name).I32(cx).I32(cy);
+    return cx == 300 ? head.U32(CBRS_ALIGN_LEFT).U32(count) : head;
+}
+
+RecordBuilder Neighbour(const std::string& name, uint32_t contact = NCT_TOUCHING_SIDE)
 {
     return RecordBuilder().Section(RecordBuilder().Str(name).U32(CBRS_ALIGN_TOP).U32(contact).U8(0).U8(1));
 }
 
-RecordBuilder PosAndRect(int32_t left, int32_t right)
+RecordBuilder PosRect(int32_t left = 0, int32_t right = 10, int32_t bottom = 90)
 {
-    return RecordBuilder().I32(7).I32(8).I32(left).I32(20).I32(right).I32(90);
-}
-
-// A position with a name, size, margin side, neighbour, pos and floating rectangle of its own.
-DockPosition Prior()
-{
-    DockPosition p;
-    p.SetName("Prior");
-    p.SetSize(TamSize(50, 60));
-    p.SetMarginAlign(CBRS_ALIGN_TOP);
-    p.AddNeighbour("Old", CBRS_ALIGN_LEFT, NCT_EQUAL_SIDE);
-    p.SetPos(TamPoint(3, 3));
-    p.SetRectRecentFloat(CRectangle(1, 1, 100, 100));
-    return p;
-}
-
-// Reads `body` as one section into Prior(); checks that the whole section was consumed.
-std::pair<bool, DockPosition> ReadBody(const RecordBuilder& body)
-{
-    DataBuffer b = BufferOf(RecordBuilder().Section(body).U8(0x5A).Get());
-    DockPosition p = Prior();
-    const bool read = p.ReadFromDataBuffer(b);
-    uint8_t next = 0;
-    EXPECT_TRUE(b.ReadByte(next) && next == 0x5A) << "section not skipped whole";
-    return {read, p};
+    return RecordBuilder().I32(7).I32(8).I32(left).I32(20).I32(right).I32(bottom);
 }
 
 } // namespace
@@ -60,159 +54,101 @@ TEST(DockPositionRecord, WrittenBytes)
     p.AddNeighbour("GFS", CBRS_ALIGN_RIGHT, NCT_EQUAL_SIDE, false, true);
     p.SetPos(TamPoint(5, -1));
     p.SetRectRecentFloat(CRectangle(10, 20, 309, 219));
+    const ByteVec posAndRect = {5, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF,                     // pos
+                                10, 0, 0, 0, 20, 0, 0, 0, 0x35, 1, 0, 0, 219, 0, 0, 0}; // floating rectangle
+    const std::pair<SString, ByteVec> records[] = {
+        {"Out", {68, 0, 0, 0,                            // section length
+                 3, 0, 0, 0, 'O', 'u', 't',              // name
+                 200, 0, 0, 0, 100, 0, 0, 0,             // size
+                 0, 0x10, 0, 0, 1, 0, 0, 0,              // margin side LEFT, one neighbour
+                 17, 0, 0, 0, 3, 0, 0, 0, 'G', 'F', 'S', // neighbour section length, name
+                 0, 0x40, 0, 0, 3, 0, 0, 0, 0, 1}},      // RIGHT, equal side, holder, free space
+        {"", {28, 0, 0, 0, 0, 0, 0, 0}},                 // no name: no size, margin side or neighbours
+    };
+    for (const auto& [name, head] : records) {
+        p.SetName(name);
+        DataBuffer b;
+        p.WriteToDataBuffer(b);
+        ByteVec expected = head;
+        expected.insert(expected.end(), posAndRect.begin(), posAndRect.end());
+        EXPECT_EQ(Content(b), expected);
+        DockPosition back(p);
+        back.SetName("Other");
+        b.SetPos(DATABUFFER_CONTENT_START);
+        EXPECT_TRUE(back.ReadFromDataBuffer(b));
+        EXPECT_EQ(back.GetName(), name.Len() ? name : SString("Other"));
+    }
+    p.SetName("P");
+    p.SetSize(TamSize(33000, 100)); // a size the reader refuses leaves out what follows it
     DataBuffer b;
     p.WriteToDataBuffer(b);
-    const ByteVec full = {
-        68, 0, 0, 0,                                    // section length
-        3, 0, 0, 0, 'O', 'u', 't',                      // name
-        200, 0, 0, 0, 100, 0, 0, 0,                     // size
-        0, 0x10, 0, 0, 1, 0, 0, 0,                      // margin side LEFT, one neighbour
-        17, 0, 0, 0, 3, 0, 0, 0, 'G', 'F', 'S',         // neighbour section length, name
-        0, 0x40, 0, 0, 3, 0, 0, 0, 0, 1,                // RIGHT, equal side, holder, free space
-        5, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF,             // pos
-        10, 0, 0, 0, 20, 0, 0, 0, 0x35, 1, 0, 0, 219, 0, 0, 0}; // floating rectangle
-    EXPECT_EQ(Content(b), full);
-    DockPosition back;
-    b.SetPos(DATABUFFER_CONTENT_START);
-    EXPECT_TRUE(back.ReadFromDataBuffer(b));
-    EXPECT_EQ(back, p);
-
-    // Without a name only pos and rectangle; with a size the reader refuses, no margin side
-    // and neighbours.
-    const ByteVec posAndRect(full.end() - 24, full.end());
-    auto withPosAndRect = [&posAndRect](ByteVec head) {
-        head.insert(head.end(), posAndRect.begin(), posAndRect.end());
-        return head;
-    };
-    DataBuffer unnamed, oversized;
-    p.SetName("");
-    p.WriteToDataBuffer(unnamed);
-    EXPECT_EQ(Content(unnamed), withPosAndRect({28, 0, 0, 0, 0, 0, 0, 0}));
-    p.SetName("P");
-    p.SetSize(TamSize(33000, 100));
-    p.WriteToDataBuffer(oversized);
-    EXPECT_EQ(Content(oversized), withPosAndRect({37, 0, 0, 0, 1, 0, 0, 0, 'P', 0xE8, 0x80, 0, 0, 100, 0, 0, 0}));
+    EXPECT_EQ(Content(b).size(), 4 + 5 + 8 + posAndRect.size());
 }
 
-TEST(DockPositionReader, NameAndSizeLimits)
+TEST(DockPositionReader, LimitsAndWhatAFailedReadKeeps)
 {
-    const std::string sixty(60, 'n');
-    auto [read, p] = ReadBody(SizedBody(sixty, 0).Append(PosAndRect(0, 10)));
-    EXPECT_TRUE(read);
-    EXPECT_EQ(p.GetName(), sixty.c_str());
-    EXPECT_EQ(p.GetSize(), TamSize(300, 200));
-    EXPECT_TRUE(p.GetNeighbourVec().empty());
-    EXPECT_EQ(p.GetPos(), TamPoint(7, 8));
-
-    std::tie(read, p) = ReadBody(SizedBody(sixty + "n", 0).Append(PosAndRect(0, 10)));
-    EXPECT_FALSE(read);
-    EXPECT_EQ(p.GetName(), "Prior");
-    EXPECT_EQ(p.GetSize(), TamSize(50, 60));
-
-    // A size outside 1..32999 is kept as read, the neighbours and margin side are not touched,
-    // and pos and rectangle follow right after it.
-    const std::pair<TamSize, bool> sizes[] = {{{32999, 1}, true},  {{33000, 5}, false}, {{5, 33000}, false},
-                                              {{0, 5}, false},     {{5, -1}, false}};
-    for (const auto& [size, good] : sizes) {
-        RecordBuilder body = RecordBuilder().Str("S").I32(size.Width()).I32(size.Height());
-        if (good)
-            body.U32(CBRS_ALIGN_RIGHT).U32(0);
-        std::tie(read, p) = ReadBody(body.Append(PosAndRect(0, 10)));
-        EXPECT_EQ(read, good);
-        EXPECT_EQ(p.GetName(), "S");
-        EXPECT_EQ(p.GetSize(), size);
-        EXPECT_EQ(p.GetNeighbourVec().size(), good ? 0u : 1u);
-        EXPECT_EQ(p.GetMarginAlign(), good ? CBRS_ALIGN_RIGHT : CBRS_ALIGN_TOP);
-        EXPECT_EQ(p.GetPos(), TamPoint(7, 8));
-    }
-}
-
-TEST(DockPositionReader, NeighbourCountAndContactLimits)
-{
-    RecordBuilder many = SizedBody("P", 100);
+    const std::string n60(60, 'n');
+    RecordBuilder n99 = Head("P", 99);
     for (int i = 0; i < 99; ++i)
-        many.Append(NeighbourRecord("n" + std::to_string(i)));
-    auto [read, p] = ReadBody(RecordBuilder(many.Get()).Append(PosAndRect(0, 10)));
-    EXPECT_FALSE(read); // 100 announced
-    EXPECT_TRUE(p.GetNeighbourVec().empty());
-    ByteVec bytes = many.Get();
-    bytes[4 + 1 + 12] = 99; // the count after name, size and margin side
-    std::tie(read, p) = ReadBody(RecordBuilder(bytes).Append(PosAndRect(0, 10)));
-    EXPECT_TRUE(read);
-    EXPECT_EQ(p.GetNeighbourVec().size(), 99u);
-    EXPECT_EQ(p.GetNeighbourVec()[98], DockNeighbour("n98", CBRS_ALIGN_TOP, NCT_TOUCHING_SIDE, false, true));
-
-    // A neighbour with an unknown contact ends the list, kept as far as it was read.
-    std::tie(read, p) = ReadBody(SizedBody("P", 3)
-                                     .Append(NeighbourRecord("a"))
-                                     .Append(NeighbourRecord("b", 4))
-                                     .Append(NeighbourRecord("c"))
-                                     .Append(PosAndRect(0, 10)));
-    EXPECT_FALSE(read);
-    const std::vector<DockNeighbour> kept = {DockNeighbour("a", CBRS_ALIGN_TOP, NCT_TOUCHING_SIDE, false, true),
-                                             DockNeighbour("b", CBRS_ALIGN_TOP, NeighbourContactType(4))};
-    EXPECT_EQ(p.GetNeighbourVec(), kept);
-}
-
-TEST(DockPositionReader, UnnamedRecordsAndFloatingRectangles)
-{
-    // Without a name only pos and a wide enough rectangle change.
-    const std::tuple<int32_t, int32_t, int32_t, bool> rects[] = {
-        {0, 9, 90, false}, {0, 10, 90, true}, {0, 10, RECT_EMPTY, false}, {-1, INT32_MAX, 90, false}};
-    for (const auto& [left, right, bottom, taken] : rects) {
-        auto [read, p] = ReadBody(RecordBuilder().Str("").I32(7).I32(8).I32(left).I32(20).I32(right).I32(bottom));
-        EXPECT_TRUE(read);
-        DockPosition expected(p); // a copy, like p, so the minimum sizes agree
-        expected = Prior();
-        expected.SetPos(TamPoint(7, 8));
-        if (taken)
-            expected.SetRectRecentFloat(CRectangle(left, 20, right, bottom));
-        EXPECT_EQ(p, expected) << left << ".." << right;
+        n99.Append(Neighbour("n" + std::to_string(i)));
+    const std::tuple<RecordBuilder, bool, std::string> cases[] = {
+        {Head(n60, 0).Append(PosRect()), true, n60 + " 300x200 4096 n0 7,8 0,20,10,90"},
+        {Head(n60 + "n", 0).Append(PosRect()), false, "Prior 50x60 8192 n1:Old/3"},
+        {Head("S", 0, 32999, 1).U32(CBRS_ALIGN_LEFT).U32(0).Append(PosRect()), true, "S 32999x1 4096 n0 7,8"},
+        {Head("S", 0, 33000, 5).Append(PosRect()), false, "S 33000x5 8192 n1:Old/3 7,8 0,20,10,90"},
+        {Head("S", 0, 5, 0).Append(PosRect()), false, "S 5x0 8192 n1:Old/3 7,8 0,20,10,90"},
+        {RecordBuilder(n99.Get()).Append(PosRect()), true, "P 300x200 4096 n99:n98/1 7,8"},
+        {Head("P", 100).Append(Neighbour("a")), false, "P 300x200 4096 n0"},
+        {Head("P", 3).Append(Neighbour("a")).Append(Neighbour("b", 4)).Append(Neighbour("c")), false,
+         "P 300x200 4096 n2:b/4"}, // the failing neighbour is kept as read
+        // Without a name only pos and a floating rectangle over 10 wide are taken.
+        {RecordBuilder().Str("").Append(PosRect(0, 9)), true, "Prior 50x60 8192 n1:Old/3 7,8 1,1,100,100"},
+        {RecordBuilder().Str("").Append(PosRect(0, 10, RECT_EMPTY)), true, "Prior 50x60 8192 n1:Old/3 7,8 1,1,100,100"},
+        {RecordBuilder().Str("").Append(PosRect(-1, INT32_MAX)), true, "Prior 50x60 8192 n1:Old/3 7,8 1,1,100,100"},
+        {RecordBuilder().Str("").I32(7), true, "Prior 50x60 8192 n1:Old/3 7,0 1,1,100,100"},
+        // Fields appended by a later version, to a neighbour and to the position, are skipped.
+        {Head("P", 2)
+             .Section(RecordBuilder().Str("a").U32(CBRS_ALIGN_TOP).U32(NCT_EQUAL_SIDE).U8(0).U8(0).U32(0xBEEF))
+             .Append(Neighbour("b"))
+             .Append(PosRect())
+             .Str("later"),
+         true, "P 300x200 4096 n2:b/1 7,8 0,20,10,90"},
+    };
+    for (const auto& [body, read, summary] : cases) {
+        DataBuffer b = BufferOf(RecordBuilder().Section(body).U8(0x5A).Get());
+        DockPosition p;
+        p.SetName("Prior");
+        p.SetSize(TamSize(50, 60));
+        p.SetMarginAlign(CBRS_ALIGN_TOP);
+        p.AddNeighbour("Old", CBRS_ALIGN_LEFT, NCT_EQUAL_SIDE);
+        p.SetRectRecentFloat(CRectangle(1, 1, 100, 100));
+        EXPECT_EQ(p.ReadFromDataBuffer(b), read) << summary;
+        EXPECT_EQ(Summary(p).substr(0, summary.size()), summary);
+        uint8_t next = 0;
+        EXPECT_TRUE(b.ReadByte(next) && next == 0x5A) << "section not skipped whole: " << summary;
     }
-    // A record cut short reads what is there; missing coordinates are 0.
-    auto [read, p] = ReadBody(RecordBuilder().Str("").I32(7));
-    EXPECT_TRUE(read);
-    EXPECT_EQ(p.GetPos(), TamPoint(7, 0));
-    EXPECT_EQ(p.GetRectRecentFloat(), CRectangle(1, 1, 100, 100));
 }
 
-TEST(DockPositionReader, FieldsAddedByLaterVersionsAreSkipped)
-{
-    const RecordBuilder longerNeighbour = RecordBuilder().Section(
-        RecordBuilder().Str("a").U32(CBRS_ALIGN_RIGHT).U32(NCT_EQUAL_SIDE).U8(1).U8(0).U32(0xDEADBEEF).Str("new"));
-    const RecordBuilder body =
-        SizedBody("P", 2).Append(longerNeighbour).Append(NeighbourRecord("b")).Append(PosAndRect(0, 10)).I32(-5).U8(9);
-    auto [read, p] = ReadBody(body);
-    EXPECT_TRUE(read);
-    const std::vector<DockNeighbour> expected = {DockNeighbour("a", CBRS_ALIGN_RIGHT, NCT_EQUAL_SIDE, true),
-                                                 DockNeighbour("b", CBRS_ALIGN_TOP, NCT_TOUCHING_SIDE, false, true)};
-    EXPECT_EQ(p.GetNeighbourVec(), expected);
-    EXPECT_EQ(p.GetRectRecentFloat(), CRectangle(0, 20, 10, 90));
-}
-
-TEST(DockPositionRecord, RandomPositionsRoundTripAndSurviveDamage)
+TEST(DockPositionRecord, RandomPositionsRoundTripAndDamagedRecordsReadSafely)
 {
     std::mt19937 random(4711);
-    auto pick = [&random](int32_t low, int32_t high) {
-        return std::uniform_int_distribution<int32_t>(low, high)(random);
-    };
-    const uint32_t aligns[] = {CBRS_NOALIGN, CBRS_ALIGN_LEFT, CBRS_ALIGN_TOP, CBRS_ALIGN_RIGHT, CBRS_ALIGN_BOTTOM};
+    auto pick = [&random](int32_t low, int32_t high) { return std::uniform_int_distribution<int32_t>(low, high)(random); };
     const DockPosition base;
+    std::string failed;
     for (int run = 0; run < 300; ++run) {
         DockPosition p(base);
         p.SetName(std::string(size_t(pick(1, DOCK_NAME_LIMIT)), char(pick('A', 'z'))).c_str());
         p.SetSize(TamSize(pick(1, DOCK_SIZE_LIMIT - 1), pick(1, DOCK_SIZE_LIMIT - 1)));
-        p.SetMarginAlign(aligns[pick(0, 4)]);
+        p.SetMarginAlign(uint32_t(pick(0, 0xF)) << 12);
         for (int i = pick(0, 5); i > 0; --i)
-            p.AddNeighbour(std::to_string(pick(0, 9999)).c_str(), aligns[pick(0, 4)], NeighbourContactType(pick(0, 3)),
-                           pick(0, 1), pick(0, 1));
+            p.AddNeighbour(std::to_string(pick(0, 99)).c_str(), uint32_t(pick(0, 8)) << 12,
+                           NeighbourContactType(pick(0, 3)), pick(0, 1), pick(0, 1));
         p.SetPos(TamPoint(pick(INT32_MIN, INT32_MAX), pick(-1, 5000)));
         const int32_t left = pick(-3000, 3000);
         p.SetRectRecentFloat(CRectangle(left, pick(-100, 100), left + pick(10, 2000), pick(-100, 3000)));
-        std::string failed;
         ASSERT_TRUE(dockposition_check::RoundTrip(p, base, failed)) << failed << " in run " << run;
 
-        // Damaged copies of the record: readers must not crash, and what reads true round-trips.
+        // A cut and overwritten record must not crash a reader, and what reads true round-trips.
         DataBuffer b;
         p.WriteToDataBuffer(b);
         ByteVec bytes = Content(b);

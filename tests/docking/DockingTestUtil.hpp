@@ -17,13 +17,6 @@ inline void PrintTo(const DockNeighbour& n, std::ostream* os)
     PrintTo(n.GetStr(), os);
 }
 
-// Shows a position by name, size, pos and neighbour count.
-inline void PrintTo(const DockPosition& p, std::ostream* os)
-{
-    *os << static_cast<const char*>(p.GetName()) << ' ' << p.GetSize().Width() << 'x' << p.GetSize().Height() << " at "
-        << p.GetPos().x << ',' << p.GetPos().y << ", " << p.GetNeighbourVec().size() << " neighbours";
-}
-
 namespace test {
 
 using ByteVec = std::vector<uint8_t>;
