@@ -18,11 +18,6 @@ struct WideScreen : platform::SystemInfo {
     platform::ScreenSize GetScreenSize() override { return {2001, 1001}; }
 };
 
-SString NameOf(const DockNeighbour* n)
-{
-    return n ? n->GetName() : SString("-");
-}
-
 } // namespace
 
 TEST(DockPositionDefaults, JitterDrawnInOrderOnTruncatedScreenShares)
@@ -46,53 +41,34 @@ TEST(DockPositionDefaults, JitterDrawnInOrderOnTruncatedScreenShares)
     EXPECT_EQ(p.GetPos(), TamPoint(-1, -1));
 }
 
-TEST(DockPositionEditing, CopiesKeepTheirMinimumSizeAndNeighboursAreReplacedInPlace)
-{
-    DockPosition source;
-    source.AddNeighbour("A", CBRS_ALIGN_LEFT, NCT_TOUCHING_SIDE);
-    source.SetNeighbour("GFS", "D", NCT_EQUAL_SIDE);
-    source.SetNeighbour("A", "l", NCT_JUSTIFIED_SIDE, true); // side texts are case-sensitive
-    const std::vector<DockNeighbour> expected = {DockNeighbour("A", CBRS_NOALIGN, NCT_JUSTIFIED_SIDE, true),
-                                                 DockNeighbour("GFS", CBRS_ALIGN_BOTTOM, NCT_EQUAL_SIDE, false, true)};
-    EXPECT_EQ(source.GetNeighbourVec(), expected);
-    EXPECT_EQ(DockPosition(source).GetMinSize(), TamSize(0, 0));
-    DockPosition target;
-    target.SetMinSizeScaled(5, 6);
-    target = source;
-    EXPECT_EQ(target.GetMinSize(), TamSize(5, 6));
-    EXPECT_EQ(target.GetNeighbourVec(), expected);
-    target.SetMarginAlign(CBRS_ALIGN_TOP);
-    target.PlaceNew(DOCK_ORIENT_HORZ, TamPoint(40, 50), TamSize(300, 20));
-    EXPECT_TRUE(target.GetNeighbourVec().empty() && target.GetPos() == TamPoint(-1, -1));
-    EXPECT_TRUE(target.GetSize() == TamSize(300, 20) && target.GetMarginAlign() == CBRS_ALIGN_TOP);
-}
-
-TEST(DockPositionQueries, FirstMatchesSidesAndLengths)
+TEST(DockPositionNeighbours, EditsQueriesAndCopies)
 {
     DockPosition p;
+    p.SetMinSizeScaled(5, 6);
     p.SetSize(TamSize(200, 30));
-    p.AddNeighbour("h", CBRS_ALIGN_TOP, NCT_TOUCHING_SIDE, true);
-    p.AddNeighbour("GFS", CBRS_ALIGN_ANY, NCT_JUSTIFIED_SIDE, false, true);
-    p.AddNeighbour("t", CBRS_ALIGN_RIGHT, NCT_TOUCHING_SIDE);
-    p.AddNeighbour("j", CBRS_ALIGN_BOTTOM, NCT_JUSTIFIED_SIDE);
-    EXPECT_EQ(NameOf(p.GetTouchingNeighbour()), "t"); // holders and free space do not count
-    EXPECT_EQ(NameOf(p.GetJustifiedNeighbour()), "j");
-    EXPECT_EQ(NameOf(p.GetFreeSpaceDockNeighbour(NCT_JUSTIFIED_SIDE)), "GFS");
-    EXPECT_EQ(NameOf(p.GetSideBySideNeighbour()), "-");
-    EXPECT_FALSE(p.IsFreeSpaceDock());
-    EXPECT_EQ(p.GetFreeSpaceNeighbourType(), NT_RIGHT);
-    EXPECT_EQ(p.GetAllNeighbourType(), NT_NONE);
-    EXPECT_TRUE(p.IsLeftOf("t") && p.IsTopOf("j") && !p.IsTopOf("t"));
-    EXPECT_TRUE(p.HasOrthogonalSideBySideNeighbour("t", NT_LEFT) && p.HasOrthogonalSideBySideNeighbour("j", NeighbourType(9)));
-    EXPECT_FALSE(p.HasOrthogonalSideBySideNeighbour("t", NT_TOP) || p.HasOrthogonalSideBySideNeighbour("j", NT_NONE));
-
     p.SetMarginAlign(CBRS_ALIGN_BOTTOM);
-    EXPECT_EQ(p.GetAlignSideLen(), 30);
-    EXPECT_EQ(p.GetMarginSideLen(CBRS_ALIGN_LEFT), 0); // inside a holder
-    p.AddNeighbour("h", CBRS_ALIGN_TOP, NCT_NONE);
-    EXPECT_EQ(p.GetMarginSideLen(CBRS_ALIGN_LEFT), 200);
+    p.AddNeighbour("t", CBRS_ALIGN_TOP, NCT_TOUCHING_SIDE, true);
+    p.SetNeighbour("GFS", "D", NCT_JUSTIFIED_SIDE);
+    p.AddNeighbour("t", CBRS_ALIGN_RIGHT, NCT_TOUCHING_SIDE); // replaced in place
+    p.SetNeighbour("j", "l", NCT_JUSTIFIED_SIDE);             // side texts are case-sensitive
+    const std::vector<DockNeighbour> expected = {DockNeighbour("t", CBRS_ALIGN_RIGHT, NCT_TOUCHING_SIDE),
+                                                 DockNeighbour("GFS", CBRS_ALIGN_BOTTOM, NCT_JUSTIFIED_SIDE, false, true),
+                                                 DockNeighbour("j", CBRS_NOALIGN, NCT_JUSTIFIED_SIDE)};
+    EXPECT_EQ(p.GetNeighbourVec(), expected);
+    EXPECT_EQ(p.GetJustifiedNeighbour(), &p.GetNeighbourVec()[2]); // the free space does not count
+    EXPECT_EQ(p.GetFreeSpaceNeighbourType(), NT_BOTTOM);
     EXPECT_EQ(p.GetAllNeighbourType(), NT_NONE);
-    p.ClearNeighbours();
+    EXPECT_TRUE(p.HasOrthogonalSideBySideNeighbour("t", NT_LEFT) && p.HasOrthogonalSideBySideNeighbour("GFS", NeighbourType(9)));
+    EXPECT_FALSE(p.HasOrthogonalSideBySideNeighbour("t", NT_TOP) || p.HasOrthogonalSideBySideNeighbour("t", NT_NONE));
+
+    const DockPosition copy(p);
+    EXPECT_EQ(copy.GetMinSize(), TamSize(0, 0));
+    EXPECT_EQ(p.GetMarginSideLen(CBRS_ALIGN_TOP), 30);
+    p.AddNeighbour("j", CBRS_ALIGN_TOP, NCT_NONE, true);
+    EXPECT_EQ(p.GetMarginSideLen(CBRS_ALIGN_TOP), 0); // inside a holder
+    p = copy;
+    EXPECT_TRUE(p.GetMinSize() == TamSize(5, 6) && p.GetNeighbourVec() == expected);
+    p.PlaceNew(DOCK_ORIENT_HORZ, TamPoint(40, 50), TamSize(300, 20));
     p.AddNeighbour("a", CBRS_ALIGN_TOP, NCT_EQUAL_SIDE);
     p.AddNeighbour("b", CBRS_ALIGN_LEFT, NCT_NONE); // out of contact: the sides are not mixed
     EXPECT_EQ(p.GetAllNeighbourType(), NT_TOP);
@@ -103,23 +79,17 @@ TEST(DockPositionQueries, AlignedRowIsTheLargestSideWithTwoJustifiedTiesInSideOr
     auto row = [](std::initializer_list<const char*> entries) {
         DockPosition p;
         for (const char* name : entries) // side letter, then J(ustified), T(ouching) or E(qual)
-            p.SetNeighbour(name, SString(name, 0, 1), name[1] == 'J' ? NCT_JUSTIFIED_SIDE
-                                                        : name[1] == 'T' ? NCT_TOUCHING_SIDE : NCT_EQUAL_SIDE);
+            p.SetNeighbour(name, SString(name, 0, 1), NeighbourContactType(name[1] == 'J' ? 2 : name[1] == 'T' ? 1 : 3));
         std::vector<DockNeighbour> out = {DockNeighbour("unchanged")};
         uint32_t align = 1;
         p.FillAlignedNeighbours(out, align);
-        SString names;
-        for (const DockNeighbour& n : out) {
+        SString names{int(align)};
+        for (const DockNeighbour& n : out)
             names += n.GetName();
-            names += ' ';
-        }
-        names += align;
         return names;
     };
-    EXPECT_EQ(row({"DJ1", "RJ1", "DJ2", "RJ2"}), "RJ1 RJ2 16384");
-    EXPECT_EQ(row({"UJ1", "LJ1", "UJ2", "LJ2"}), "LJ1 LJ2 4096");
-    EXPECT_EQ(row({"DJ1", "DT", "RJ1", "DJ2", "RJ2"}), "DJ1 DT DJ2 32768");
-    EXPECT_EQ(row({"DJ1", "DE", "RJ1", "DJ2", "RJ2", "DE2"}), "RJ1 RJ2 16384"); // equal sides are left out
-    EXPECT_EQ(row({"DJ1", "DJ2", "RJ1", "RJ2", "RJ3"}), "DJ1 DJ2 32768");         // three justified disqualify
-    EXPECT_EQ(row({"DJ1", "RJ1", "XJ1", "XJ2"}), "unchanged 1");
+    EXPECT_EQ(row({"UJ1", "LJ1", "UJ2", "LJ2"}), "4096LJ1LJ2");
+    EXPECT_EQ(row({"DJ1", "DT", "RJ1", "DJ2", "RJ2", "RE"}), "32768DJ1DTDJ2");
+    EXPECT_EQ(row({"DJ1", "DJ2", "RJ1", "RJ2", "RT", "RJ3"}), "32768DJ1DJ2"); // three justified disqualify
+    EXPECT_EQ(row({"DJ1", "RJ1", "XJ1", "XJ2"}), "1unchanged");
 }
