@@ -2,26 +2,17 @@
 // The std::string rows with a spin lock show what the per-call lock of SString costs.
 #include "text/SpinLock_p.hpp"
 
+#include "SteadyAllocator.hpp"
+
 #include <vesk/text.hpp>
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
 #include <string>
 
 using vesk::SString;
 
 namespace {
-
-// glibc raises its mmap threshold once the first large block is freed, and a process stays in
-// that state; doing it up front runs every benchmark there, instead of favouring whichever
-// runs after the first large free.
-const bool kSteadyAllocator = [] {
-    void* block = std::malloc(size_t(16) << 20);
-    benchmark::DoNotOptimize(block);
-    std::free(block);
-    return true;
-}();
 
 constexpr size_t kMegabyte = 1 << 20;
 constexpr int kCopies = 10000;

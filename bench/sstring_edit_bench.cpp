@@ -1,10 +1,11 @@
 // SString editing and searching against the natural std::string code for the same work, at
 // 100 KB and 1 MB: one match, line end or token every ten characters.
+#include "SteadyAllocator.hpp"
+
 #include <vesk/text.hpp>
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
 #include <algorithm>
 #include <cctype>
 #include <string>
@@ -13,16 +14,6 @@
 using vesk::SString;
 
 namespace {
-
-// glibc raises its mmap threshold once the first large block is freed, and a process stays in
-// that state; doing it up front runs every benchmark there, instead of favouring whichever
-// runs after the first large free.
-const bool kSteadyAllocator = [] {
-    void* block = std::malloc(size_t(16) << 20);
-    benchmark::DoNotOptimize(block);
-    std::free(block);
-    return true;
-}();
 
 // "word1 abc," repeated: "abc" and "," every ten characters.
 std::string Text(size_t size)

@@ -38,6 +38,31 @@ void Values()
                 pattern.Matches(SString("notes.doc")) ? "matches" : "misses");
 }
 
+void Locale()
+{
+    std::printf("Locale formatting\n");
+    const Date date(15, 3, 2024);
+    const Time time(13, 5, 9, 0);
+    struct Place {
+        const char* name;
+        CountryType country;
+        LanguageType language;
+    };
+    static const Place places[] = { { "this system", COUNTRY_SYSTEM, LANGUAGE_SYSTEM },
+                                    { "Germany", 1033, 1031 },
+                                    { "France", 1032, 1036 },
+                                    { "United States", 1049, 1033 } };
+    for (const Place& place : places) {
+        const International intl(place.country, place.language);
+        // The built-in texts are in the 8-bit code page; the terminal wants UTF-8.
+        std::printf("  %-14s %s | %s | %s | %s | %s\n", place.name, static_cast<const char*>(intl.GetDate(date)),
+                    static_cast<const char*>(intl.GetLongDate(date).AnsiToUTF8()),
+                    static_cast<const char*>(intl.GetTime(time, true, false)),
+                    static_cast<const char*>(intl.GetNum(1234567, 2)),
+                    static_cast<const char*>(intl.GetCurr(123456).AnsiToUTF8()));
+    }
+}
+
 void Zlib()
 {
     std::printf("zlib\n");
@@ -60,6 +85,9 @@ int main()
     std::printf("Vesk tour\n=========\n\n");
     Strings();
     Values();
+    VeskInit();
+    Locale();
+    VeskExit();
     Zlib();
     return 0;
 }

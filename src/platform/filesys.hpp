@@ -2,6 +2,8 @@
 
 // The file system: status, drives and volumes, creating, removing, copying and moving. Paths
 // are byte strings as the kernel takes them. The parts that tests reach directly are exported.
+#include "platform/calendar.hpp"
+
 #include <vesk/export.hpp>
 
 #include <cstdint>
@@ -12,13 +14,7 @@ namespace vesk::platform {
 
 // A file time as calendar fields in UTC; all zero when the time lies outside the years 1601 to
 // 30827 that the fields were made for.
-struct FileTime {
-    uint16_t year = 0;
-    uint16_t month = 0;
-    uint16_t day = 0;
-    uint16_t hour = 0;
-    uint16_t minute = 0;
-    uint16_t second = 0;
+struct FileTime : CalendarFields {
     uint16_t millisecond = 0;
 };
 

@@ -19,12 +19,7 @@ FileTime ToFileTime(const struct statx_timestamp& ts)
     if (!gmtime_r(&seconds, &tm) || tm.tm_year + 1900 < 1601 || tm.tm_year + 1900 > 30827)
         return {};
     FileTime t;
-    t.year = static_cast<uint16_t>(tm.tm_year + 1900);
-    t.month = static_cast<uint16_t>(tm.tm_mon + 1);
-    t.day = static_cast<uint16_t>(tm.tm_mday);
-    t.hour = static_cast<uint16_t>(tm.tm_hour);
-    t.minute = static_cast<uint16_t>(tm.tm_min);
-    t.second = static_cast<uint16_t>(tm.tm_sec);
+    static_cast<CalendarFields&>(t) = FieldsOf(tm);
     t.millisecond = static_cast<uint16_t>(ts.tv_nsec / 1000000);
     return t;
 }

@@ -80,6 +80,8 @@ public:
     // The full text as UTF-16 (decoded as UTF-8 when the bytes hold UTF-8, else in the system
     // code page).
     UString GetFullW() const;
+    // The full text in the platform's native wide form, which on this platform is UTF-16.
+    UString GetFullT() const { return GetFullW(); }
     // A copy whose parts are converted from the system code page to UTF-8 (parts already in
     // UTF-8 stay as they are).
     DirEntry AnsiToUTF8() const;
