@@ -149,17 +149,6 @@ TEST_F(ConfigTest, WritesThatCannotBeStoredReportFalse)
     EXPECT_EQ(ReadFileText(m_file), "<missing>");
 }
 
-TEST_F(ConfigTest, CopiesAreEqualUntilPathOrGroupDiffers)
-{
-    Config config = Open(), copy(config), assigned(SString("elsewhere.ini"));
-    EXPECT_TRUE(copy == config);
-    copy.SetGroup("G");
-    EXPECT_TRUE(copy != config);
-    EXPECT_TRUE(assigned != config);
-    assigned = config;
-    EXPECT_TRUE(assigned == config);
-}
-
 TEST_F(ConfigTest, TheDefaultFileIsNamedAfterTheProgramInTheConfigDirectory)
 {
     // The test program vesk_env_tests: its last three characters become "ini".
