@@ -23,6 +23,17 @@ void SStringAppend(SStringData*& slot, const char* text, uint32_t n)
     uint32_t room = newLen;
     if (isPrivate && rec->nCap / 2 > needed / 3)
         room = std::max(std::min(rec->nCap + rec->nCap / 2, STRING_MAXLEN) - 1, newLen);
+    const uintptr_t at = reinterpret_cast<uintptr_t>(text);
+    const uintptr_t start = reinterpret_cast<uintptr_t>(rec->Text());
+    const bool textInRecord = at >= start && at - start <= rec->nCap;
+    if (isPrivate && !rec->IsEmptyRecord() && !textInRecord) {
+        // The sole owner extends its own record, which the allocator may do without a copy.
+        rec = SStringData::Grow(rec, room);
+        slot = rec;
+        std::memcpy(rec->Text() + len, text, n);
+        rec->SetLength(newLen);
+        return;
+    }
     SStringData* grown = SStringData::Make(newLen, room);
     std::memcpy(grown->Text(), rec->Text(), len);
     std::memcpy(grown->Text() + len, text, n);

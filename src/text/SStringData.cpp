@@ -8,6 +8,8 @@
 #define ASAN_UNPOISON_MEMORY_REGION(addr, size) ((void)(addr), (void)(size))
 #endif
 
+#include <cstdlib>
+
 namespace vesk {
 
 constinit SStringEmptyRecord g_SStringEmpty{};
@@ -35,6 +37,16 @@ struct BlockCache {
 
 constinit thread_local BlockCache t_cache{};
 
+// Records live in malloc'ed byte blocks, so that a growing private record can be extended
+// with realloc, in place where the allocator has room behind it.
+char* AllocateBytes(size_t n)
+{
+    void* block = std::malloc(n);
+    if (!block)
+        throw std::bad_alloc();
+    return static_cast<char*>(block);
+}
+
 size_t BlockSize(uint32_t sizeClass)
 {
     return sizeof(SStringData) + 16 * (sizeClass + 1);
@@ -49,7 +61,7 @@ struct CacheCloser {
             while (FreeBlock* block = t_cache.head[c]) {
                 ASAN_UNPOISON_MEMORY_REGION(block, BlockSize(c));
                 t_cache.head[c] = block->next;
-                delete[] reinterpret_cast<char*>(block);
+                std::free(block);
             }
     }
 };
@@ -58,7 +70,7 @@ char* TakeBlock(uint32_t sizeClass)
 {
     FreeBlock* block = t_cache.head[sizeClass];
     if (!block)
-        return new char[BlockSize(sizeClass)];
+        return AllocateBytes(BlockSize(sizeClass));
     ASAN_UNPOISON_MEMORY_REGION(block, BlockSize(sizeClass));
     t_cache.head[sizeClass] = block->next;
     t_cache.bytes -= BlockSize(sizeClass);
@@ -68,7 +80,7 @@ char* TakeBlock(uint32_t sizeClass)
 void GiveBlock(uint32_t sizeClass, char* memory)
 {
     if (t_cache.closed || t_cache.bytes + BlockSize(sizeClass) > kCacheBytes) {
-        delete[] memory;
+        std::free(memory);
         return;
     }
     if (!t_cache.registered) {
@@ -91,7 +103,7 @@ SStringData* SStringData::Make(uint32_t n, uint32_t room)
         throw std::bad_alloc();
     const uint32_t capacity = (room | 15) + 1;
     const uint32_t sizeClass = capacity / 16 - 1;
-    char* block = sizeClass < kCachedSizes ? TakeBlock(sizeClass) : new char[sizeof(SStringData) + capacity];
+    char* block = sizeClass < kCachedSizes ? TakeBlock(sizeClass) : AllocateBytes(sizeof(SStringData) + capacity);
     SStringData* rec = new (block) SStringData{n, 0, capacity, 0, {}};
     rec->Text()[n] = 0;
     return rec;
@@ -104,7 +116,28 @@ void SStringData::Free(SStringData* rec) noexcept
     if (sizeClass < kCachedSizes)
         GiveBlock(sizeClass, reinterpret_cast<char*>(rec));
     else
-        delete[] reinterpret_cast<char*>(rec);
+        std::free(static_cast<void*>(rec));
+}
+
+SStringData* SStringData::Grow(SStringData* rec, uint32_t room)
+{
+    if (room > SSTRING_RECORD_LIMIT)
+        throw std::bad_alloc();
+    const uint32_t capacity = (room | 15) + 1;
+    if (rec->nCap / 16 - 1 < kCachedSizes || capacity / 16 - 1 < kCachedSizes) {
+        SStringData* grown = Make(rec->nLen, room);
+        std::memcpy(grown->Text(), rec->Text(), rec->nLen);
+        grown->SetUTF8(rec->IsUTF8());
+        Free(rec);
+        return grown;
+    }
+    void* block = std::realloc(static_cast<void*>(rec), sizeof(SStringData) + capacity);
+    if (!block)
+        throw std::bad_alloc();
+    // realloc moved the bytes; the header is trivially relocatable, so it stays valid.
+    rec = static_cast<SStringData*>(block);
+    rec->nCap = capacity;
+    return rec;
 }
 
 } // namespace vesk

@@ -60,6 +60,10 @@ struct SStringData {
         return rec;
     }
 
+    // A private record given capacity (room OR 15) + 1, room >= its length; its text, length
+    // and flag stay. The old pointer is invalid afterwards. Throws std::bad_alloc as Make.
+    static SStringData* Grow(SStringData* rec, uint32_t room);
+
     // Counts one more owner unless the count is saturated.
     bool TryAddRef() noexcept
     {

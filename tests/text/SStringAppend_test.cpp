@@ -53,6 +53,11 @@ TEST(SStringAppend, AppendingItselfDoublesTheText)
     s += s;
     s += static_cast<const char*>(s);
     EXPECT_EQ(s, "abababab");
+    // Text from inside a private record that has to grow: the record may move while growing.
+    const std::string text = std::string("0123456789").append(30, 'z'); // capacity 48
+    SString t(text.c_str());
+    t += static_cast<const char*>(t) + 1;
+    EXPECT_EQ(t, (text + text.substr(1)).c_str());
 }
 
 TEST(SStringAppend, LengthIsCutAtTheMaximum)
