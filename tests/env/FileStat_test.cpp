@@ -133,7 +133,7 @@ TEST(FileStatRecords, ListingAndAge)
 {
     FileAttributes record;
     record.size = (uint64_t(1) << 32) | 9;
-    record.modified = {2024, 2, 29, 12, 0, 59, 999};
+    record.modified = {{2024, 2, 29, 12, 0, 59}, 999};
     record.attributes = FILE_ATTR_DIRECTORY;
     const ListedStat first(record);
     EXPECT_EQ(first.GetKind(), FSYS_KIND_DIR);
@@ -142,9 +142,9 @@ TEST(FileStatRecords, ListingAndAge)
     EXPECT_EQ(first.TimeModified().GetTime(), 12005999);
 
     record.attributes = 0;
-    record.modified = {2024, 2, 29, 12, 1, 0, 0};
+    record.modified = {{2024, 2, 29, 12, 1, 0}, 0};
     const ListedStat later(record);
-    record.modified = {2024, 3, 1, 0, 0, 0, 0};
+    record.modified = {{2024, 3, 1, 0, 0, 0}, 0};
     const ListedStat nextDay(record);
     EXPECT_EQ(later.GetKind(), FSYS_KIND_FILE);
     EXPECT_TRUE(later.IsYounger(first));
