@@ -27,6 +27,7 @@ TEST(DockNeighbourRecord, ReaderRulesAndSkippedTrailingFields)
         {record(sixty + "n", NCT_NONE), false},
         {RecordBuilder().U32(8).U8('a'), false}, // name cut short
         {record("P", 4), false},
+        {record("P", 0xFFFFFFFF), false},
         {record("P", NCT_EQUAL_SIDE).U32(77).U8(1), true}, // a later version's extra fields
     };
     for (const auto& [body, read] : cases) {

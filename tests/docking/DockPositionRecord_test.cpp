@@ -86,12 +86,14 @@ TEST(DockPositionReader, LimitsAndWhatAFailedReadKeeps)
         {Head(n60 + "n", 0).Append(PosRect()), false, "Prior 50x60 8192 n1:Old/3"},
         {Head("S", 0, 32999, 1).U32(CBRS_ALIGN_LEFT).U32(0).Append(PosRect()), true, "S 32999x1 4096 n0/0 7,8"},
         {Head("S", 0, 33000, 5).Append(PosRect()), false, "S 33000x5 8192 n1:Old/3 7,8 0,20,10,90"},
+        {Head("S", 0, 5, 0).Append(PosRect()), false, "S 5x0 8192 n1:Old/3 7,8 0,20,10,90"},
         {RecordBuilder(n99.Get()).Append(PosRect()), true, "P 300x200 4096 n99:n98/1 7,8"},
         {Head("P", 100).Append(Neighbour("a")), false, "P 300x200 4096 n0/0"},
         {Head("P", 3).Append(Neighbour("a")).Append(Neighbour("b", 4)).Append(Neighbour("c")), false,
          "P 300x200 4096 n2:b/4"}, // the failing neighbour is kept as read
         // Without a name only pos and a floating rectangle over 10 wide are taken.
         {RecordBuilder().Str("").Append(PosRect(0, 9)), true, "Prior 50x60 8192 n1:Old/3 7,8 1,1,100,100"},
+        {RecordBuilder().Str("").Append(PosRect(0, 10, RECT_EMPTY)), true, "Prior 50x60 8192 n1:Old/3 7,8 1,1,100,100"},
         {RecordBuilder().Str("").Append(PosRect(-1, INT32_MAX)), true, "Prior 50x60 8192 n1:Old/3 7,8 1,1,100,100"},
         {RecordBuilder().Str("").I32(7), true, "Prior 50x60 8192 n1:Old/3 7,0 1,1,100,100"},
         // Fields appended by a later version, to a neighbour and to the position, are skipped.

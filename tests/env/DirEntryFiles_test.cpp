@@ -53,6 +53,7 @@ TEST_F(DirEntryFiles, MakeAndKill)
     EXPECT_EQ(ReadFileText(dir.File("file")), "keep");
     EXPECT_FALSE(PathEntry(dir.File("x")).Kill());
     EXPECT_TRUE(PathEntry(dir.File("x/y/z")).Kill());
+    EXPECT_FALSE(PathEntry(dir.File("x/y/z")).Kill());
 }
 
 TEST_F(DirEntryFiles, KillDirNeverLeavesTheTree)

@@ -111,6 +111,7 @@ TEST(VeskData, ResolutionScalesAsMulDivRounds)
         EXPECT_EQ(vesk->ScaleY(-1), -2); // and -1.5 away from zero
         EXPECT_EQ(vesk->UnScaleY(-5), -3); // -3.33
         EXPECT_EQ(vesk->ScaleX(INT_MAX), -1); // overflow
+        EXPECT_EQ(vesk->ScaleX(-INT_MAX), -1);
         EXPECT_EQ(vesk->UnScaleX(INT_MAX), 1431655765);
     }
     for (const char* dpi : {"0", "12x"}) {

@@ -30,6 +30,7 @@ TEST(IntlNumber, SeparatorsAndLeadingZero)
     intl.ChangeNumLeadingZero(false);
     EXPECT_EQ(Text(intl.GetNum(5, 2)), ",05");
     EXPECT_EQ(Text(intl.GetNum(-5, 2)), "-,05");
+    EXPECT_EQ(Text(intl.GetNum(-5, 2)), "-,05");
     // A zero separator adds nothing.
     intl.ChangeNumDecimalSep('\0');
     EXPECT_EQ(Text(intl.GetNum(12345, 2)), "12345");
@@ -69,6 +70,7 @@ TEST(IntlCurrency, DigitsZeroCharAndExtremes)
     EXPECT_EQ(Text(intl.GetCurr(123456)), "1.234,56 DM");
     intl.ChangeCurrZeroChar('-');
     EXPECT_EQ(Text(intl.GetCurr(1200)), "12,-- DM");
+    EXPECT_EQ(Text(intl.GetCurr(1201)), "12,01 DM");
     intl.ChangeCurrDigits(0);
     EXPECT_EQ(Text(intl.GetCurr(1200)), "1.200 DM");
     // The magnitude of the smallest amount wraps to itself and keeps its sign.

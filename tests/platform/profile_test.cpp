@@ -93,6 +93,7 @@ TEST_F(Profile, NamesAndValuesThatCannotBeStoredAreRefused)
 {
     ASSERT_TRUE(WriteFileText(m_file, "[s]\nk=1\n"));
     EXPECT_FALSE(WritePrivateProfileString(u"s", u"a=b", u"1", m_file));
+    EXPECT_FALSE(WritePrivateProfileString(u"s", u";k", u"1", m_file));
     EXPECT_FALSE(WritePrivateProfileString(u"s]", u"k", u"1", m_file));
     EXPECT_FALSE(WritePrivateProfileString(u"s", u"k", u"1\n[t]\nk=2", m_file));
     EXPECT_FALSE(WritePrivateProfileString(u"s", u"", u"1", m_file));

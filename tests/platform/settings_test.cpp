@@ -63,6 +63,7 @@ TEST_F(Settings, ValuesOfAnotherTypeAndDamagedFilesReadAsAbsentAndStayUntouched)
         EXPECT_FALSE(settings::ReadDword(u"k", name, number));
     EXPECT_FALSE(settings::ReadString(u"k", u"number", text));
     EXPECT_FALSE(settings::ReadBinary(u"k", u"odd", binary));
+    EXPECT_FALSE(settings::ReadBinary(u"k", u"nothex", binary));
     EXPECT_FALSE(settings::ReadBinary(u"k", u"number", binary));
     EXPECT_EQ(number, 99u);
     EXPECT_EQ(text, u"unchanged");

@@ -81,6 +81,7 @@ TEST(CodePage, FailsWithZero)
     EXPECT_EQ(MultiByteToWide(1252, "a", 0, wide, 8), 0);
     EXPECT_EQ(MultiByteToWide(1252, nullptr, -1, wide, 8), 0);
     EXPECT_EQ(MultiByteToWide(1252, "abc", -1, wide, 3), 0);
+    EXPECT_EQ(MultiByteToWide(1252, "abc", -1, wide, 0), 0);
     EXPECT_EQ(WideToMultiByte(65001, u"\u00E9", 1, narrow, 1), 0);
     // Malformed UTF-8: bad lead, truncated, overlong, encoded surrogate.
     for (const char* bad : {"a\xFF", "a\xC3", "\xC0\xAF", "\xED\xA0\x80"})

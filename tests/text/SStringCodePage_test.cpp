@@ -69,6 +69,7 @@ TEST(SStringCodePages, AnsiToUTF8)
     EXPECT_EQ(Bytes(flagged.AnsiToUTF8()), "\xC3\xA9");
     // An undefined byte fails: the empty string.
     EXPECT_EQ(SString("a\x81").AnsiToUTF8().Len(), 0u);
+    EXPECT_EQ(SString("\xE9").AnsiToUTF8(437).Len(), 0u);
 }
 
 TEST(SStringCodePages, UTF8ToLanguages)

@@ -55,6 +55,8 @@ TEST(UStringToBytes, UTF8Forms)
     buffer[2] = 'x';
     EXPECT_EQ(s.GetUTF8(buffer, 4), 0u); // too small
     EXPECT_EQ(buffer[3], 0);
+    EXPECT_EQ(UString().GetUTF8(buffer, sizeof buffer), 0u);
+    EXPECT_EQ(buffer[0], 0);
     EXPECT_EQ(s.GetUTF8(buffer, 0), 0u);
 }
 

@@ -35,6 +35,7 @@ TEST(UStringFormat, FailuresLeaveTheStringAsItWas)
     int written = 0;
     EXPECT_EQ(UString::F(u"ab%n", &written).Len(), 0u);
     EXPECT_EQ(UString::F(nullptr).Len(), 0u);
+    EXPECT_EQ(UString::F(u"%").Len(), 0u);
     UString s(u"kept");
     s.Format(u"%q");
     EXPECT_EQ(Text(s), u"kept");

@@ -76,6 +76,7 @@ TEST(UStringConstruct, SubstringsOfWideText)
     EXPECT_EQ(UString(s, 6, 1).Len(), 0u);
     EXPECT_EQ(Text(UString(u"abc\0def", 1, 5)), u"bc"); // ends at the zero
     EXPECT_EQ(Text(UString(u"abcdef", 2, USTRING_LEN)), u"cdef");
+    EXPECT_EQ(UString(static_cast<const char16_t*>(nullptr), 0, 3).Len(), 0u);
     EXPECT_EQ(Text(UString(std::u16string(u"a\0b", 3))), std::u16string(u"a\0b", 3));
 }
 

@@ -72,6 +72,7 @@ TEST(CRectangle, InsideTestsAndClamping)
 {
     const CRectangle inverted(10, 10, 0, 0);
     EXPECT_TRUE(inverted.IsInside(TamPoint(0, 10)));
+    EXPECT_FALSE(inverted.IsInside(TamPoint(11, 5)));
     EXPECT_FALSE(CRectangle(0, 0, RECT_EMPTY, 5).IsInside(TamPoint(0, 0)));
     EXPECT_TRUE(inverted.IsInside(CRectangle(2, 2, RECT_EMPTY, RECT_EMPTY)));
     EXPECT_FALSE(inverted.IsInside(CRectangle(2, 2, 14, 4)));

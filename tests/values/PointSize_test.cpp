@@ -12,6 +12,7 @@ TEST(TamPoint, RoundsHalfAwayFromZeroIgnoresZeroDivisorsAndWraps)
     TamPoint p(6, -2);
     EXPECT_EQ((p *= 0.25), TamPoint(2, -1)); // 1.5 -> 2, -0.5 -> -1
     EXPECT_EQ((p /= 0), TamPoint(2, -1));
+    EXPECT_EQ((p /= 0.0), TamPoint(2, -1));
     EXPECT_EQ((TamPoint(7, -7) /= 2), TamPoint(3, -3));
     EXPECT_EQ((TamPoint(7, -7) /= 2.0), TamPoint(4, -4));
     EXPECT_EQ((TamPoint(INT32_MIN, INT32_MAX) /= -1), TamPoint(INT32_MIN, -INT32_MAX));
@@ -48,6 +49,7 @@ TEST(TamSize, ScalingRoundsAndZeroDivisorsChangeNothing)
     EXPECT_EQ(TamSize(3, 4) * 0.5, TamSize(2, 2));
     EXPECT_EQ(TamSize(7, -7) / 2, TamSize(3, -3));
     EXPECT_EQ(TamSize(7, -7) / 2.0, TamSize(4, -4));
+    EXPECT_EQ(TamSize(7, 9) / 0, TamSize(7, 9));
     TamSize s(10, 4);
     s *= 1.25;
     s /= 0.0;
