@@ -22,9 +22,7 @@ TEST(Time, FieldsOfNegativeDurationsComeFromTheMagnitude)
     EXPECT_EQ(t.GetMin(), 30);
     EXPECT_EQ(Time::TimeToSec100(t), -900000);
     EXPECT_EQ(t.ToString(), "2:30:0:0");
-    EXPECT_EQ(Time(1, 5, 3, 7).ToString(), "1:5:3:7");
     EXPECT_EQ(Time(-1020304).GetSec(), 3);
-    EXPECT_EQ(Time(-1020304).Get100Sec(), 4);
     EXPECT_EQ(Time(INT32_MIN).GetHour(), 2147);
 }
 
@@ -48,7 +46,6 @@ TEST(Time, ArithmeticThroughHundredths)
     EXPECT_EQ(t.GetTime(), 10000);
     t -= Time(0, 2, 0, 0);
     EXPECT_EQ(t.GetTime(), -10000);
-    EXPECT_EQ((-t).GetTime(), 10000);
     EXPECT_EQ((-Time(INT32_MIN)).GetTime(), INT32_MIN);
     EXPECT_EQ(Time::TimeToSec100(Time(1, 2, 3, 4)), 372304);
     EXPECT_EQ(Time::Sec100ToTime(-372304).GetTime(), -1020304);

@@ -13,7 +13,6 @@ TEST(DockNeighbourText, DumpTextsAndSideFallbacks)
               ", Algn=CBRS_??, contact=NCT_??, holder=0, freeSE=0");
     EXPECT_EQ(ImpAlignToNeighbourType(CBRS_NOALIGN), NT_RIGHT);
     EXPECT_EQ(ImpNeighbourTypeToAlign(NT_NONE), CBRS_ALIGN_LEFT);
-    EXPECT_EQ(DockNeighbour("a", CBRS_ALIGN_BOTTOM).GetAlignSideLen(TamSize(200, 30)), 30);
     EXPECT_EQ(DockNeighbour("a", CBRS_NOALIGN).GetAlignSideLen(TamSize(200, 30)), 200);
 }
 

@@ -36,7 +36,6 @@ TEST_F(DirEntryFiles, ExistsAndSize)
     EXPECT_EQ(PathEntry(dir.File("a.txt")).GetFileSize(), 5);
     EXPECT_EQ(PathEntry(dir.File("missing")).GetFileSize(), -1);
     EXPECT_TRUE(PathEntry(dir.Path() + "\\a.txt").Exists());
-    EXPECT_FALSE(PathEntry(dir.File("missing")).Exists());
     // A zero byte can be in no file name.
     const std::string withZero = dir.File(std::string("a.txt\0x", 7));
     EXPECT_FALSE(DirEntry(SString(withZero.c_str(), 0, static_cast<unsigned int>(withZero.size()), true)).Exists());
@@ -102,7 +101,6 @@ TEST_F(DirEntryFiles, AccessAndKinds)
     EXPECT_TRUE(PathEntry(dir.File("d/")).IsNormalDir());
     for (const char* other : {"link/", "ro", "d/..", "d/./"})
         EXPECT_FALSE(PathEntry(dir.File(other)).IsNormalDir()) << other;
-    EXPECT_FALSE(DirEntry(".").IsNormalDir());
 }
 
 TEST_F(DirEntryFiles, CopyKeepsDataAndMetadata)

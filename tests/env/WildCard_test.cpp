@@ -37,13 +37,11 @@ TEST(WildCard, AlternativesSplitAtTheDecimalCodeAndLoseOneByte)
     EXPECT_TRUE(Matches("*.txt59*.doc", "9a.doc", u';'));
     EXPECT_FALSE(Matches("*.txt59*.doc", "a.doc", u';'));
     EXPECT_TRUE(Matches("*.c53*.h", "x.c", u'5'));
-    EXPECT_FALSE(Matches("*.c53*.h", "y.h", u'5'));
     EXPECT_TRUE(Matches("x65535y", "5535y", u'\xFFFF'));
     EXPECT_TRUE(Matches("x1", "", u'\x01')); // an empty last alternative matches the empty name
     WildCard w(SString("*.c"), u'\x01');
     w = SString("*.h1*.txt");
     EXPECT_EQ(w(), "*.h1*.txt");
-    EXPECT_TRUE(w != "a.c");
     EXPECT_TRUE(w == "a.txt");
 }
 

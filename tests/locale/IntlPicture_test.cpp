@@ -68,7 +68,6 @@ TEST(LongDatePicture, CommonPictures)
     ExpectLong("dddd, d. MMMM yyyy", {DAYOFWEEK_LONG, ", ", DMY, 0, ". ", MONTH_LONG, " ", 1, ""});
     ExpectLong("ddd d MMM yy", {DAYOFWEEK_SHORT, " ", DMY, 0, " ", MONTH_SHORT, " ", 0, ""});
     ExpectLong("yyyy-MM-dd", {DAYOFWEEK_NONE, "", YMD, 1, "", MONTH_NUMBER_LZ, "-", 1, "-"});
-    ExpectLong("d/M/yy", {DAYOFWEEK_NONE, "", DMY, 0, "/", MONTH_NUMBER, "/", 0, ""});
     ExpectLong("dddd, d' de 'MMMM' de 'yyyy", {DAYOFWEEK_LONG, ", ", DMY, 0, " de ", MONTH_LONG, " de ", 1, ""});
     ExpectLong("dddd'x 'd MMMM yyyy", {DAYOFWEEK_LONG, "x ", DMY, 0, " ", MONTH_LONG, " ", 1, ""});
 }

@@ -46,7 +46,6 @@ TEST(IntlSettings, ThousandSeparatorAndItsSwitch)
     t = Read({{"sThousand", "\xE2\x80\x99"}}, t); // typographic apostrophe
     EXPECT_EQ(t.m_cNumThousandSep, '\'');
     EXPECT_EQ(t.m_bNumThousandSep, 1);
-    EXPECT_EQ(Read({{"sThousand", "\xE2\x80\xAF"}}).m_cNumThousandSep, ' '); // narrow no-break space
     // Without an 8-bit look-alike the old separator stays.
     EXPECT_EQ(Read({{"sThousand", "\xD9\xAC"}}).m_cNumThousandSep, '.');
 }
@@ -55,7 +54,6 @@ TEST(IntlSettings, NumbersAreReadLikeProfileIntegers)
 {
     platform::IntlKeys keys{{"a", "12abc"}, {"b", "-3"}, {"c", " 4"}, {"d", "4294967297"}};
     EXPECT_EQ(IntlNumber(keys, "a"), 12);
-    EXPECT_EQ(IntlNumber(keys, "b"), -3);
     EXPECT_EQ(IntlNumber(keys, "c"), std::nullopt);
     EXPECT_EQ(IntlNumber(keys, "d"), 1);
 }

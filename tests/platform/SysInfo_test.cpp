@@ -20,7 +20,7 @@ TEST(KeyScan, AsAUsKeyboardTypesIt)
         char16_t ch;
         uint16_t code;
     } cases[] = {
-        {u'*', 0x138}, {u'a', 0x041}, {u'A', 0x141}, {u'"', 0x1DE}, {u'\t', 0x009},
+        {u'*', 0x138}, {u'A', 0x141}, {u'"', 0x1DE}, {u'\t', 0x009},
         {u'\u00E9', KEYSCAN_NONE}, {u'\x7F', KEYSCAN_NONE},
     };
     for (const auto& c : cases)

@@ -17,6 +17,15 @@ pid_t StartChild(const std::function<int()>& body)
     return pid;
 }
 
+int RunUnprivileged(const std::function<int()>& body)
+{
+    return RunInChild([&] {
+        if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0))
+            return 2;
+        return body();
+    });
+}
+
 int WaitChild(pid_t pid)
 {
     int status = 0;

@@ -19,6 +19,10 @@ inline int RunInChild(const std::function<int()>& body)
     return WaitChild(StartChild(body));
 }
 
+// Runs body in a child process as an unprivileged user when started as root, so that file
+// permissions apply; 2 when the rights cannot be dropped.
+int RunUnprivileged(const std::function<int()>& body);
+
 // Runs write(0), write(1), ... in a child process and kills it with SIGKILL at a random
 // moment (up to maxDelayUs microseconds) after its first write has completed, so that the
 // kill lands inside a later write whatever the machine's speed. False when the child was not

@@ -1,31 +1,18 @@
 #include "SStringTestUtil.hpp"
 
-#include <vesk/text.hpp>
+#include "support/OwnedLocale.hpp"
 
-#include <locale.h>
+#include <vesk/text.hpp>
 
 using namespace vesk;
 using namespace vesk::test;
 
 namespace {
 
-// A Latin-1 locale set with SetLocale for the test's lifetime.
-class Latin1Locale {
-public:
-    Latin1Locale() : m_locale(newlocale(LC_ALL_MASK, "de_DE.ISO-8859-1", locale_t(0)))
-    {
-        SString::SetLocale(m_locale);
-    }
-    ~Latin1Locale()
-    {
-        SString::SetLocale(nullptr);
-        if (m_locale)
-            freelocale(m_locale);
-    }
-    bool Active() const { return m_locale != locale_t(0); }
-
-private:
-    locale_t m_locale;
+// Sets a locale with SString::SetLocale for the object's lifetime.
+struct StringLocale : OwnedLocale {
+    explicit StringLocale(const char* name) : OwnedLocale(name) { SString::SetLocale(Get()); }
+    ~StringLocale() { SString::SetLocale(nullptr); }
 };
 
 } // namespace
@@ -34,8 +21,8 @@ TEST(SStringCase, ConversionFollowsTheLocaleOfSetLocale)
 {
     SString s("\xC4pfel Bl\xFCte");
     EXPECT_EQ(s.Lower(), "\xC4pfel bl\xFCte"); // the "C" locale folds ASCII only
-    Latin1Locale latin1;
-    if (!latin1.Active())
+    StringLocale latin1("de_DE.ISO-8859-1");
+    if (!latin1.Get())
         GTEST_SKIP() << "de_DE.ISO-8859-1 is not installed";
     EXPECT_EQ(s.Lower(), "\xE4pfel bl\xFCte");
     EXPECT_EQ(s.Upper(), "\xC4PFEL BL\xDCTE");
@@ -50,15 +37,12 @@ TEST(SStringCase, ConversionFollowsTheLocaleOfSetLocale)
 
 TEST(SStringCase, ConversionStepsOverMultibyteCharacters)
 {
-    locale_t gbk = newlocale(LC_ALL_MASK, "zh_CN.GBK", locale_t(0));
-    if (!gbk)
+    StringLocale gbk("zh_CN.GBK");
+    if (!gbk.Get())
         GTEST_SKIP() << "zh_CN.GBK is not installed";
-    SString::SetLocale(gbk);
     // 0x81 0x41 is one GBK character whose second byte looks like "A".
     SString s("\x81" "AbC");
     s.ToLower();
-    SString::SetLocale(nullptr);
-    freelocale(gbk);
     EXPECT_EQ(s, "\x81" "Abc");
 }
 

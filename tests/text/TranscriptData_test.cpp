@@ -47,7 +47,6 @@ TEST(TranscriptData, LanguagesSetCodePageAndLetters)
     EXPECT_EQ(data.GetCodePage(), 1253u);
     EXPECT_EQ(CountLetters(data), 3 + 1 + 20 + 44);
     EXPECT_FALSE(data.IsTranscriptChar(0xD2));
-    EXPECT_FALSE(data.IsTranscriptChar(0xFF));
 
     data.SetToLanguage(5);
     EXPECT_EQ(data.GetLanguage(), 0);

@@ -17,7 +17,6 @@ using test::Text;
 TEST(UStringFromBytes, UTF8WhenMayBeUTF8ElseWindows1252)
 {
     EXPECT_EQ(Text(UString(SString("\xC3\xA9"))), u"\u00E9");
-    EXPECT_EQ(Text(UString(SString("\xE9"))), u"\u00E9");
     EXPECT_EQ(Text(UString("\xE2\x82\xAC \xF0\x9F\x98\x80")), u"\u20AC \U0001F600");
     EXPECT_EQ(Text(UString("\x80 euro")), u"\u20AC euro");
     EXPECT_EQ(Text(UString('\x80')), u"\u20AC");
@@ -34,7 +33,6 @@ TEST(UStringFromBytes, FailedDecodingGivesTheEmptyString)
     EXPECT_EQ(UString("\xC3\xA9 \xFF").Len(), 0u);
     // Bytes that Windows-1252 leaves undefined.
     EXPECT_EQ(UString("a\x81").Len(), 0u);
-    EXPECT_EQ(UString('\x8D').Len(), 0u);
     // A cut in the middle of a sequence.
     EXPECT_EQ(UString("\xC3\xA9\xC3\xA9", 0, 3).Len(), 0u);
 }
@@ -109,9 +107,6 @@ TEST(UStringTranscript, ReadsTheTextInTheTranscriptCodePage)
     cyrillic.SetToCyrillic();
     EXPECT_TRUE(detail::IsTranscriptWide(&cyrillic, u"\u041C\u043E\u0441\u043A\u0432\u0430"));
     EXPECT_FALSE(detail::IsTranscriptWide(nullptr, u"\u041C\u043E"));
-    // Without the library state nothing is transcript text.
-    EXPECT_FALSE(UString(u"\u041C\u043E\u0441\u043A\u0432\u0430").IsTranscript());
-    EXPECT_FALSE(UString::IsTranscript("\xCC\xEE\xF1\xEA\xE2\xE0"));
 }
 
 TEST(UStringFromBytes, StringDataIsDecodedAndCutInTheSum)

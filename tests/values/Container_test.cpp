@@ -34,7 +34,6 @@ TEST(ContainerParams, BlockSizeFollowsTheStepRuleEvenWhereItGivesNoMultiple)
     EXPECT_EQ(ContainerProbe(10, 5, 3).GetParams(), (Params{8, 4, 3}));
     EXPECT_EQ(ContainerProbe(20000, 100, 16).GetParams(), (Params{16368, 88, 16}));
     EXPECT_EQ(ContainerProbe(8, 50, 20).GetParams(), (Params{8, 8, 8}));
-    EXPECT_EQ(ContainerProbe(16, 8, 4).GetParams(), (Params{16, 8, 4}));
     // 5 with step 4 becomes 2, below the clamp; such a container still works.
     ContainerProbe tiny = Filled(9, 5, 0, 4);
     EXPECT_EQ(tiny.GetParams(), (Params{2, 4, 4}));
@@ -117,7 +116,6 @@ TEST(ContainerValue, CopiesCompareByEntriesNotLayout)
     a.Seek(17u);
     ContainerProbe copy(a);
     EXPECT_TRUE(copy == a);
-    EXPECT_EQ(copy.GetParams(), a.GetParams());
     EXPECT_EQ(copy.GetCurObject(), Ptr(18));
     EXPECT_TRUE(Filled(40, 64, 8, 8) == a);
     copy.Replace(Ptr(0), 39u);

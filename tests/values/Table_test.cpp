@@ -48,8 +48,6 @@ TEST(TableBlocks, AnAssociationSpanningTwoBlocksBehavesAsOne)
     EXPECT_TRUE(copy == t);
     copy.Replace(2, Ptr(7));
     EXPECT_TRUE(copy != t);
-    copy.Clear();
-    EXPECT_TRUE(copy == Table(1, 1));
 
     t.Seek(1u);
     EXPECT_EQ(t.Remove(1), Ptr(101));
