@@ -124,13 +124,8 @@ SStringData* SStringData::Grow(SStringData* rec, uint32_t room)
     if (room > SSTRING_RECORD_LIMIT)
         throw std::bad_alloc();
     const uint32_t capacity = (room | 15) + 1;
-    if (rec->nCap / 16 - 1 < kCachedSizes || capacity / 16 - 1 < kCachedSizes) {
-        SStringData* grown = Make(rec->nLen, room);
-        std::memcpy(grown->Text(), rec->Text(), rec->nLen);
-        grown->SetUTF8(rec->IsUTF8());
-        Free(rec);
-        return grown;
-    }
+    // Every block, cached sizes included, is malloc'ed at exactly header plus capacity, so the
+    // grown block may later go to the cache of its new size.
     void* block = std::realloc(static_cast<void*>(rec), sizeof(SStringData) + capacity);
     if (!block)
         throw std::bad_alloc();
