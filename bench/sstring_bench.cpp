@@ -1,6 +1,6 @@
 // SString against std::string on the same work: building, copying and comparing 1 MB texts.
 // The std::string rows with a spin lock show what the per-call lock of SString costs.
-#include "text/SpinLock_p.hpp"
+#include "common/SpinLock.hpp"
 
 #include "SteadyAllocator.hpp"
 

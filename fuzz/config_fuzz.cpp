@@ -1,6 +1,6 @@
 // Config's value decoding on arbitrary text from a profile file, and the round trip of any
 // bytes through the value encoding.
-#include "env/ConfigValue_p.hpp"
+#include "files/ConfigValue_p.hpp"
 
 #include <cstdint>
 #include <cstdlib>

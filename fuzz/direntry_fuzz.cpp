@@ -3,7 +3,7 @@
 // Not where a colon follows the last separator: the device then reaches into the name.
 #include <vesk/files.hpp>
 
-#include "env/DirEntry_p.hpp"
+#include "files/DirEntry_p.hpp"
 
 #include <cstdint>
 #include <cstdlib>

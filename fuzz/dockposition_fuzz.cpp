@@ -1,6 +1,6 @@
 // Dock position and neighbour records read from arbitrary bytes, and the write-read round
 // trip of every position that reads successfully.
-#include "dockposition_check.hpp"
+#include "models/dockposition_check.hpp"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // The date-picture parsers on arbitrary text, directly and through the conversion of a
 // strftime format: no crash, every field in its range, and the separators made only of the
 // picture's own characters.
-#include "env/IntlPicture_p.hpp"
+#include "locale/IntlPicture_p.hpp"
 #include "platform/locale_formats.hpp"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 // Drives random sequences of searches, tokens, inserts, erases and replaces on an SString and
 // checks every result against the reference model written on std::string.
-#include "sstring_model.hpp"
+#include "models/sstring_model.hpp"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 #pragma once
 
 // Colours: TamColor, TransparentColor, RGBAlpha, ColorPair and the colour-table names.
-#include <vesk/graphics/ColorName.hpp>
+#include <vesk/frame/ColorName.hpp>
 #include <vesk/graphics/ColorPair.hpp>
 #include <vesk/graphics/RGBAlpha.hpp>
 #include <vesk/graphics/TamColor.hpp>

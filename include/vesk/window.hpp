@@ -1,5 +1,5 @@
 #pragma once
 
 // Native window handles, message parameters and the process-wide message router.
-#include <vesk/window/NativeWindow.hpp>
+#include <vesk/frame/NativeWindow.hpp>
 #include <vesk/window/WinMsgRouter.hpp>

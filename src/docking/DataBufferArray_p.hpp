@@ -1,6 +1,6 @@
 #pragma once
 
-#include "text/SpinLock_p.hpp"
+#include "common/SpinLock.hpp"
 
 #include <vesk/docking/DataBuffer.hpp>
 

@@ -12,7 +12,6 @@ namespace {
 constexpr int32_t kDefaultResolution = 96;
 constexpr uint32_t kClassStyleDoubleClicks = 8;   // double clicks reach the window
 constexpr uint32_t kWindowColorBrush = 5 + 1;     // window colour as a class background
-constexpr int kSysColorWindow = 5;
 
 // Product and quotient in 64 bits, rounded to nearest with halves away from zero; -1 when
 // the divisor is 0 or the result leaves the 32-bit range.
@@ -112,11 +111,6 @@ uint32_t VeskData::GetMediaKeyCode(VeskMediaKey key) const
 {
     int i = key;
     return (i >= 0 && i < VESKMEDIA_COUNT) ? m_aMediaKeyCodes[i] : 0;
-}
-
-TamColor VeskData::GetBackgroundColour()
-{
-    return TamColor(platform::SystemColor(kSysColorWindow));
 }
 
 } // namespace vesk

@@ -1,7 +1,6 @@
 #include <vesk/frame/VeskData.hpp>
-#include <vesk/window/WinMsgRouter.hpp>
 
-#include "window/WinMsgRouter_p.hpp"
+#include "common/LibrarySlots.hpp"
 
 namespace vesk {
 
@@ -13,16 +12,22 @@ VeskData* g_pVeskData = nullptr;
 
 void VeskInit()
 {
-    if (g_pVeskData == nullptr)
-        g_pVeskData = new VeskData;
-    ImpCreateWinMsgRouter();
+    if (g_pVeskData != nullptr)
+        return;
+    g_pVeskData = new VeskData;
+    // Lower families read the transcript data through a published source, not through the
+    // library state itself.
+    detail::PublishTranscriptSource([]() -> const TranscriptData* {
+        return g_pVeskData && g_pVeskData->HasTranscriptData() ? g_pVeskData->GetTranscriptData()
+                                                               : nullptr;
+    });
 }
 
 void VeskExit()
 {
+    detail::PublishTranscriptSource(nullptr);
     delete g_pVeskData;
     g_pVeskData = nullptr;
-    ImpDestroyWinMsgRouter();
 }
 
 VeskData* GetPVeskData()
@@ -39,12 +44,6 @@ void SetVeskMainWnd(NativeWindow window)
 void SetVeskMainFrame(NativeWindow frame)
 {
     SetVeskMainWnd(frame);
-}
-
-void VeskSetCWndNextFocus(NativeWindow window)
-{
-    if (WinMsgRouter* router = GlGetPWinMsgRouter())
-        router->SetNextFocusWindow(window);
 }
 
 } // namespace vesk

@@ -2,7 +2,6 @@
 
 // Whole-file reads and atomic, locked replacement of small data files (profiles, settings).
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 #include <functional>
@@ -27,10 +26,10 @@ struct FileStamp {
 enum class ReadStatus { Ok, Missing, Failed };
 
 // The stamp of the file at path now (a default stamp when it does not exist or cannot be seen).
-VESK_API FileStamp StampOf(const std::string& path);
+FileStamp StampOf(const std::string& path);
 
 // Reads a regular file whole; stamp describes exactly the bytes read.
-VESK_API ReadStatus ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp);
+ReadStatus ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp);
 
 // Receives the file's current content (nullopt when the file does not exist) and returns the
 // replacement, or nullopt to leave the file as it is.
@@ -43,13 +42,13 @@ using FileEditor = std::function<std::optional<std::string>(const std::optional<
 // sees the old or the new file, never a mixture. A symbolic link is followed and kept.
 // Returns false when the file cannot be read or written (the old file then stays as it was);
 // stamp receives the stamp of the file as it is afterwards.
-VESK_API bool ReplaceFile(const std::string& path, const FileEditor& edit, FileStamp& stamp);
+bool ReplaceFile(const std::string& path, const FileEditor& edit, FileStamp& stamp);
 
 // Makes the file's data and its directory entry durable.
-VESK_API bool SyncFile(const std::string& path);
+bool SyncFile(const std::string& path);
 
 // Creates a directory and its missing parents with `mode` less the umask (0700 by default, as
 // for per-user data); true when it exists afterwards.
-VESK_API bool MakeDirectories(const std::string& path, unsigned int mode = 0700);
+bool MakeDirectories(const std::string& path, unsigned int mode = 0700);
 
 } // namespace vesk::platform

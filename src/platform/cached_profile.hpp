@@ -5,7 +5,6 @@
 #include "platform/atomic_file.hpp"
 #include "platform/profile_document.hpp"
 
-#include <vesk/export.hpp>
 
 #include <functional>
 #include <mutex>
@@ -18,7 +17,7 @@ namespace vesk::platform {
 // One profile file's parsed content. A read re-parses only when the file's stamp (device,
 // inode, size, modification time) has changed since the last parse; a write re-reads the file
 // under its lock and replaces it atomically, so concurrent writers keep each other's keys.
-class VESK_API CachedProfile {
+class CachedProfile {
 public:
     // The cache of the file at path; one per path for the life of the process.
     static CachedProfile& For(std::string_view path);

@@ -16,7 +16,6 @@
 //   characters a code page lacks all fail the whole call.
 // - dst may have been written to when the call fails.
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 
@@ -27,16 +26,16 @@ inline constexpr unsigned int CODEPAGE_THREAD = 3;
 inline constexpr unsigned int CODEPAGE_UTF8 = 65001;
 
 // Decodes text in codePage into UTF-16; returns the units written, 0 on failure.
-VESK_API int MultiByteToWide(unsigned int codePage, const char* src, int srcLength, char16_t* dst,
+int MultiByteToWide(unsigned int codePage, const char* src, int srcLength, char16_t* dst,
     int dstSize);
 
 // Encodes UTF-16 text in codePage; returns the bytes written, 0 on failure.
-VESK_API int WideToMultiByte(unsigned int codePage, const char16_t* src, int srcLength, char* dst,
+int WideToMultiByte(unsigned int codePage, const char16_t* src, int srcLength, char* dst,
     int dstSize);
 
 // Converts text from one code page to another in one pass, with the result that decoding to
 // UTF-16 and encoding that would give; returns the bytes written, 0 on failure.
-VESK_API int MultiByteToMultiByte(unsigned int fromPage, const char* src, int srcLength,
+int MultiByteToMultiByte(unsigned int fromPage, const char* src, int srcLength,
     unsigned int toPage, char* dst, int dstSize);
 
 } // namespace vesk::platform

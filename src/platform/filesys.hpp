@@ -4,7 +4,6 @@
 // are byte strings as the kernel takes them. The parts that tests reach directly are exported.
 #include "platform/calendar.hpp"
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 #include <string>
@@ -62,18 +61,18 @@ struct MountEntry {
 };
 
 // Parses one mountinfo line; false when it is malformed.
-VESK_API bool ParseMountLine(std::string_view line, MountEntry& out);
+bool ParseMountLine(std::string_view line, MountEntry& out);
 // The drive type of a mount of `fsType`; `removable` is the block device's removable flag
 // (-1 when it has none).
-VESK_API DriveType ClassifyMount(std::string_view fsType, int removable);
+DriveType ClassifyMount(std::string_view fsType, int removable);
 // The name a volume of `fsType` reports: "FAT", "NTFS", "HPFS", "NWFS" or the type itself.
-VESK_API std::string VolumeFileSystemName(std::string_view fsType);
+std::string VolumeFileSystemName(std::string_view fsType);
 
 // The drive type of the mount point at `path`.
-VESK_API DriveType GetDriveType(const char* path);
+DriveType GetDriveType(const char* path);
 // The file-system name of the mount point at `path` (see VolumeFileSystemName), at most 32
 // characters; false when `path` is no mount point or the mount table cannot be read.
-VESK_API bool GetVolumeFileSystem(const char* path, std::string& name);
+bool GetVolumeFileSystem(const char* path, std::string& name);
 // The mount point that holds `path` (its nearest existing ancestor when it is missing); empty
 // when it cannot be found.
 std::string MountPointOf(const char* path);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 #include <vector>
@@ -11,7 +10,7 @@ namespace vesk::platform {
 
 // What the high-resolution timer test needs from the machine, so that the walk over the
 // processors can run against the real machine or a scripted one.
-class VESK_API CounterProbe
+class CounterProbe
 {
 public:
     virtual ~CounterProbe() = default;
@@ -34,11 +33,11 @@ public:
 
 // Whether the counter is reliable: it must never step backward while the caller moves from
 // processor to processor, upward through the affinity and back down.
-VESK_API bool TestHiResTimer(CounterProbe& probe);
+bool TestHiResTimer(CounterProbe& probe);
 
 // The probe of this machine: CLOCK_MONOTONIC, pinning the calling thread with
 // sched_setaffinity (Linux affinity belongs to threads; the reading thread is the one to move).
-class VESK_API MachineCounterProbe final : public CounterProbe
+class MachineCounterProbe final : public CounterProbe
 {
 public:
     bool HasCounter() override;

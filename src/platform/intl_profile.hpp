@@ -13,16 +13,15 @@
 
 #include "platform/locale_source.hpp"
 
-#include <vesk/export.hpp>
 
 #include <string>
 
 namespace vesk::platform {
 
 // <config directory>/vesk/profile.ini
-VESK_API std::string UserProfilePath();
+std::string UserProfilePath();
 
 // The keys of IntlKeysFromLocale, each replaced by the same key of the [intl] section.
-VESK_API IntlKeys ReadIntlKeys();
+IntlKeys ReadIntlKeys();
 
 } // namespace vesk::platform

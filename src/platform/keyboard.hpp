@@ -1,6 +1,5 @@
 #pragma once
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 
@@ -35,6 +34,6 @@ inline constexpr uint16_t KEYSCAN_NONE = 0xFFFF;
 
 // Key that types `ch` on a US keyboard: virtual-key code in the low byte, shift state in the
 // high byte; KEYSCAN_NONE for characters outside the layout.
-VESK_API uint16_t UsKeyScan(char16_t ch);
+uint16_t UsKeyScan(char16_t ch);
 
 } // namespace vesk::platform

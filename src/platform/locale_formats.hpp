@@ -4,7 +4,6 @@
 // strftime formats into date pictures and clock settings, monetary layout flags into
 // currency format codes. Pure functions, no locale is consulted.
 
-#include <vesk/export.hpp>
 
 #include <optional>
 #include <string>
@@ -17,7 +16,7 @@ namespace vesk::platform {
 // zone fields are left out together with the literal text that led up to them; literal text
 // holding ASCII letters is quoted with apostrophes. With `longForm` the abbreviated names
 // become full ones (%a dddd, %b MMMM), for the long date.
-VESK_API std::string DatePicture(std::string_view format, bool longForm);
+std::string DatePicture(std::string_view format, bool longForm);
 
 // The clock settings of a strftime time format (%r, %R and %T expanded).
 struct ClockFormat {
@@ -25,12 +24,12 @@ struct ClockFormat {
     std::optional<int> nLeadingZero; // "iTLZero": 0 for %l, %k or a '-' flag, else 1
     std::string sSeparator;        // "sTime": the text between hours and minutes
 };
-VESK_API ClockFormat ClockFromTimeFormat(std::string_view format, std::string_view format12);
+ClockFormat ClockFromTimeFormat(std::string_view format, std::string_view format12);
 
 // "iCurrency" from p_cs_precedes and p_sep_by_space: 0 "$1", 1 "1$", 2 "$ 1", 3 "1 $".
-VESK_API std::optional<int> PositiveCurrencyCode(int csPrecedes, int sepBySpace);
+std::optional<int> PositiveCurrencyCode(int csPrecedes, int sepBySpace);
 // "iNegCurr" from n_cs_precedes, n_sep_by_space and n_sign_posn: the code 0 to 11 whose
 // layout matches; a layout no code has takes the nearest one without the space.
-VESK_API std::optional<int> NegativeCurrencyCode(int csPrecedes, int sepBySpace, int signPosn);
+std::optional<int> NegativeCurrencyCode(int csPrecedes, int sepBySpace, int signPosn);
 
 } // namespace vesk::platform

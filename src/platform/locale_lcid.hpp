@@ -2,7 +2,6 @@
 
 // Windows locale identifiers (LCIDs) for POSIX locale names.
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 #include <string_view>
@@ -13,6 +12,6 @@ namespace vesk::platform {
 // ignored): the identifier of language and territory; for a territory without one, the
 // language's neutral identifier (its primary language, "de_BE" gives 7); for the C and POSIX
 // locales and unknown languages 1033, the US-English identifier.
-VESK_API uint32_t LcidFromLocaleName(std::string_view name);
+uint32_t LcidFromLocaleName(std::string_view name);
 
 } // namespace vesk::platform

@@ -24,7 +24,6 @@
 // the decimal separator); they are left to the country's record. Texts in a locale whose
 // codeset is not UTF-8 are converted to UTF-8 with iconv.
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 #include <map>
@@ -34,7 +33,7 @@
 namespace vesk::platform {
 
 // Key names compare without regard to ASCII case, as profile keys do.
-struct VESK_API IntlKeyLess {
+struct IntlKeyLess {
     using is_transparent = void;
     bool operator()(std::string_view a, std::string_view b) const;
 };
@@ -43,9 +42,9 @@ struct VESK_API IntlKeyLess {
 using IntlKeys = std::map<std::string, std::string, IntlKeyLess>;
 
 // The keys derived from the locale, as listed above.
-VESK_API IntlKeys IntlKeysFromLocale();
+IntlKeys IntlKeysFromLocale();
 
 // The user's LCID: the identifier of LC_TIME's locale name (see LcidFromLocaleName).
-VESK_API uint32_t UserDefaultLCID();
+uint32_t UserDefaultLCID();
 
 } // namespace vesk::platform

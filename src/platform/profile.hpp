@@ -5,7 +5,6 @@
 // without '/' names a file in the user's config directory, as a bare name on the original
 // platform names one in its system directory.
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 #include <string_view>
@@ -18,14 +17,14 @@ namespace vesk::platform {
 // zero and the list by a second zero, and returns the length without the last zero; a list
 // that does not fit is cut, ended by two zeros, and the result is size - 2. Without a
 // section: an empty result.
-VESK_API uint32_t GetPrivateProfileString(const char16_t* section, const char16_t* key,
+uint32_t GetPrivateProfileString(const char16_t* section, const char16_t* key,
     const char16_t* defaultValue, char16_t* buffer, uint32_t size, std::string_view file);
 
 // Writes value under key in section; without a value deletes the key, without a key deletes
 // the section, without a section makes the file durable. Returns false when the file cannot
 // be written or a name or value cannot be stored (a line break, '=' or a leading '[', ';' or
 // '#' in a key, ']' in a section name).
-VESK_API bool WritePrivateProfileString(const char16_t* section, const char16_t* key, const char16_t* value,
+bool WritePrivateProfileString(const char16_t* section, const char16_t* key, const char16_t* value,
     std::string_view file);
 
 } // namespace vesk::platform

@@ -3,7 +3,6 @@
 // The parsed text of a profile file: sections headed by "[name]" holding "key=value" lines.
 // Every line keeps its exact bytes, so a rewrite changes only the lines that were edited.
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 #include <functional>
@@ -26,7 +25,7 @@ namespace vesk::platform {
 // - The first section and the first key of a name win; later duplicates are kept but unread.
 // - Text is UTF-8; a UTF-16 file with a byte-order mark is read and written back as UTF-16,
 //   a UTF-8 byte-order mark is kept.
-class VESK_API ProfileDocument {
+class ProfileDocument {
 public:
     static ProfileDocument Parse(std::string_view bytes);
     std::string Serialize() const;

@@ -6,7 +6,6 @@
 // write replaces the file atomically under a lock (see CachedProfile). A missing, unreadable or
 // damaged file or value reads as absent, so the caller's defaults stand.
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 #include <span>
@@ -17,22 +16,22 @@
 namespace vesk::platform::settings {
 
 // <config directory>/vesk/settings.ini
-VESK_API std::string FilePath();
+std::string FilePath();
 
 // Each read is false when the value is absent, damaged or of another type.
-VESK_API bool ReadDword(std::u16string_view keyPath, std::u16string_view name, uint32_t& value);
-VESK_API bool ReadString(std::u16string_view keyPath, std::u16string_view name, std::u16string& value);
-VESK_API bool ReadBinary(std::u16string_view keyPath, std::u16string_view name, std::vector<uint8_t>& value);
+bool ReadDword(std::u16string_view keyPath, std::u16string_view name, uint32_t& value);
+bool ReadString(std::u16string_view keyPath, std::u16string_view name, std::u16string& value);
+bool ReadBinary(std::u16string_view keyPath, std::u16string_view name, std::vector<uint8_t>& value);
 
 // Each write creates the key path as needed; false when the file cannot be written or the
 // name or key path is empty.
-VESK_API bool WriteDword(std::u16string_view keyPath, std::u16string_view name, uint32_t value);
-VESK_API bool WriteString(std::u16string_view keyPath, std::u16string_view name, std::u16string_view value);
-VESK_API bool WriteBinary(std::u16string_view keyPath, std::u16string_view name, std::span<const uint8_t> value);
+bool WriteDword(std::u16string_view keyPath, std::u16string_view name, uint32_t value);
+bool WriteString(std::u16string_view keyPath, std::u16string_view name, std::u16string_view value);
+bool WriteBinary(std::u16string_view keyPath, std::u16string_view name, std::span<const uint8_t> value);
 
 // Removes one value; true when it is absent afterwards.
-VESK_API bool DeleteValue(std::u16string_view keyPath, std::u16string_view name);
+bool DeleteValue(std::u16string_view keyPath, std::u16string_view name);
 // Removes a key path with its values and every key below it; true when they are absent afterwards.
-VESK_API bool DeleteKey(std::u16string_view keyPath);
+bool DeleteKey(std::u16string_view keyPath);
 
 } // namespace vesk::platform::settings

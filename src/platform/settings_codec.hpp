@@ -9,7 +9,6 @@
 // Names and text escape what the file's lines cannot carry ('%', control characters, the
 // format's own marks, blanks at either end) as %XX with upper-case hexadecimal digits.
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 #include <span>
@@ -20,17 +19,17 @@
 namespace vesk::platform::settings {
 
 // The section of a key path: its parts between '\' (empty parts dropped), each escaped.
-VESK_API std::string SectionOf(std::u16string_view keyPath);
+std::string SectionOf(std::u16string_view keyPath);
 // The key of a value name.
-VESK_API std::string KeyOf(std::u16string_view name);
+std::string KeyOf(std::u16string_view name);
 
-VESK_API std::string EncodeDword(uint32_t value);
-VESK_API std::string EncodeString(std::u16string_view value);
-VESK_API std::string EncodeBinary(std::span<const uint8_t> value);
+std::string EncodeDword(uint32_t value);
+std::string EncodeString(std::u16string_view value);
+std::string EncodeBinary(std::span<const uint8_t> value);
 
 // Each decoder returns false for text of another type or damaged text.
-VESK_API bool DecodeDword(std::string_view text, uint32_t& value);
-VESK_API bool DecodeString(std::string_view text, std::u16string& value);
-VESK_API bool DecodeBinary(std::string_view text, std::vector<uint8_t>& value);
+bool DecodeDword(std::string_view text, uint32_t& value);
+bool DecodeString(std::string_view text, std::u16string& value);
+bool DecodeBinary(std::string_view text, std::vector<uint8_t>& value);
 
 } // namespace vesk::platform::settings

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 #include <string>
@@ -18,7 +17,7 @@ struct ScreenSize
 // The display backends derive from this; the base answers for a machine without a display:
 // resolution 96 (or VESK_DPI), a 1920 x 1080 screen, a US keyboard and the desktop's
 // accessibility setting for the screen reader.
-class VESK_API SystemInfo
+class SystemInfo
 {
 public:
     virtual ~SystemInfo() = default;
@@ -36,21 +35,21 @@ public:
 };
 
 // The system information in effect: the one last installed, else the base.
-VESK_API SystemInfo& GetSystemInfo();
+SystemInfo& GetSystemInfo();
 // Installs `info` (not owned; null goes back to the base) and returns the one it replaces.
-VESK_API SystemInfo* SetSystemInfo(SystemInfo* info);
+SystemInfo* SetSystemInfo(SystemInfo* info);
 
 // Whether the high-resolution counter of this machine is reliable across its processors;
 // the calling thread's affinity is the same afterwards.
-VESK_API bool TestMachineHiResTimer();
+bool TestMachineHiResTimer();
 
 // Code of the registered message `name`, from 0xC000 to 0xFFFF: the same name (ignoring
 // ASCII case) always gives the same code in the process. 0 for an empty name or when the
 // range is used up.
-VESK_API uint32_t RegisterMessage(std::u16string_view name);
+uint32_t RegisterMessage(std::u16string_view name);
 
 // Name of the window class with class style `style` and background brush `background`: equal
 // attributes give the same name.
-VESK_API std::u16string WindowClassName(uint32_t style, uint32_t background);
+std::u16string WindowClassName(uint32_t style, uint32_t background);
 
 } // namespace vesk::platform

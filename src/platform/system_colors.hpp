@@ -3,7 +3,6 @@
 // The desktop's system colours, kept in the settings store under "Control Panel\Colors" as
 // text "red green blue" (decimal 0 to 255) per colour name.
 
-#include <vesk/export.hpp>
 
 #include <cstdint>
 
@@ -14,6 +13,6 @@ namespace vesk::platform {
 // does not hold gives 0. Held: scroll bar 0, menu 4, window 5, menu text 7, window text 8,
 // highlight 13, highlighted text 14, button face 15, button shadow 16, button text 18, button
 // highlight 20.
-VESK_API uint32_t SystemColor(int index);
+uint32_t SystemColor(int index);
 
 } // namespace vesk::platform

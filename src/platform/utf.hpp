@@ -2,7 +2,6 @@
 
 // UTF-8 and UTF-16 conversion for the platform layer's text files and wide interfaces.
 
-#include <vesk/export.hpp>
 
 #include <string>
 #include <string_view>
@@ -11,10 +10,10 @@ namespace vesk::platform {
 
 // Appends UTF-8 text as UTF-16. A byte that does not start a valid sequence stands for
 // itself (U+0000 to U+00FF), so text that is not UTF-8 keeps every byte in the low eight bits.
-VESK_API void AppendUtf8AsUtf16(std::string_view utf8, std::u16string& out);
+void AppendUtf8AsUtf16(std::string_view utf8, std::u16string& out);
 
 // Appends UTF-16 text as UTF-8; an unpaired surrogate becomes U+FFFD.
-VESK_API void AppendUtf16AsUtf8(std::u16string_view utf16, std::string& out);
+void AppendUtf16AsUtf8(std::u16string_view utf16, std::string& out);
 
 inline std::u16string Utf8ToUtf16(std::string_view utf8)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "text/SStringData_p.hpp"
-#include "text/SpinLock_p.hpp"
+#include "common/SpinLock.hpp"
 
 namespace vesk {
 

@@ -1,6 +1,6 @@
 #include "text/TranscriptData_p.hpp"
 
-#include <vesk/frame.hpp>
+#include "common/LibrarySlots.hpp"
 
 #include "platform/codepage.hpp"
 
@@ -76,8 +76,7 @@ namespace vesk::detail {
 const TranscriptData* CurrentTranscriptData()
 {
     // The transcript settings live in the library state; without it no text is transcript.
-    const VeskData* state = GetPVeskData();
-    return state && state->HasTranscriptData() ? state->GetTranscriptData() : nullptr;
+    return PublishedTranscriptData();
 }
 
 bool IsTranscriptText(const TranscriptData* data, const char* text, uint32_t length)

@@ -10,15 +10,15 @@
 namespace vesk::detail {
 
 // The application's transcript settings, or null while the library state holds none.
-VESK_API const TranscriptData* CurrentTranscriptData();
+const TranscriptData* CurrentTranscriptData();
 
 // Whether the bytes are transcript text for data: more than half of them are letters of its
 // script, where a letter repeating the byte before it does not count. False for null data or
 // data without a transcript language.
-VESK_API bool IsTranscriptText(const TranscriptData* data, const char* text, uint32_t length);
+bool IsTranscriptText(const TranscriptData* data, const char* text, uint32_t length);
 
 // The same for UTF-16 text, read in the transcript code page; text that the code page cannot
 // hold is not transcript text.
-VESK_API bool IsTranscriptWide(const TranscriptData* data, std::u16string_view text);
+bool IsTranscriptWide(const TranscriptData* data, std::u16string_view text);
 
 } // namespace vesk::detail

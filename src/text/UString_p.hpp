@@ -4,7 +4,7 @@
 
 #include <vesk/text/UString.hpp>
 
-#include "text/SpinLock_p.hpp"
+#include "common/SpinLock.hpp"
 
 #include <algorithm>
 #include <initializer_list>
@@ -73,7 +73,8 @@ inline std::u16string_view TerminatedView(const char16_t* text, uint32_t max) no
 
 // Holds a string's lock and gives the members its record. The record of a string that the
 // caller holds privately (a local copy made before locking) is read without a lock.
-class UString::Locked {
+// Internal to the library: hidden although its enclosing class is exported.
+class [[gnu::visibility("hidden")]] UString::Locked {
 public:
     explicit Locked(const UString& s) noexcept : m_rString(s), m_guard(s.m_nLock) {}
 

@@ -1,32 +1,32 @@
-#include "window/WinMsgRouter_p.hpp"
-
+#include <vesk/frame/VeskData.hpp>
 #include <vesk/window/WinMsgRouter.hpp>
 
 #include <algorithm>
+#include <memory>
 
 namespace vesk {
 
-namespace {
-
-WinMsgRouter* g_pWinMsgRouter = nullptr;
-
-} // namespace
-
-void ImpCreateWinMsgRouter()
+// The router lives in the library state, made on first use and destroyed with it by VeskExit.
+struct WinMsgRouterAccess
 {
-    if (!g_pWinMsgRouter)
-        g_pWinMsgRouter = new WinMsgRouter;
-}
-
-void ImpDestroyWinMsgRouter()
-{
-    delete g_pWinMsgRouter;
-    g_pWinMsgRouter = nullptr;
-}
+    static std::shared_ptr<WinMsgRouter>& Slot(VeskData& data) { return data.m_pWinMsgRouter; }
+};
 
 WinMsgRouter* GlGetPWinMsgRouter()
 {
-    return g_pWinMsgRouter;
+    VeskData* data = GetPVeskData();
+    if (data == nullptr)
+        return nullptr;
+    std::shared_ptr<WinMsgRouter>& slot = WinMsgRouterAccess::Slot(*data);
+    if (!slot)
+        slot = std::make_shared<WinMsgRouter>();
+    return slot.get();
+}
+
+void VeskSetCWndNextFocus(NativeWindow window)
+{
+    if (WinMsgRouter* router = GlGetPWinMsgRouter())
+        router->SetNextFocusWindow(window);
 }
 
 void WinMsgRouter::PushWinProcHook(WinProcHook hook)

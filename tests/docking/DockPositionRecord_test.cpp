@@ -1,6 +1,6 @@
 #include "DockingTestUtil.hpp"
 
-#include "../../fuzz/dockposition_check.hpp"
+#include "models/dockposition_check.hpp"
 
 #include <random>
 #include <sstream>

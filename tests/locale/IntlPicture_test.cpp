@@ -1,6 +1,6 @@
 #include "LocaleTestUtil.hpp"
 
-#include "env/IntlPicture_p.hpp"
+#include "locale/IntlPicture_p.hpp"
 
 #include <gtest/gtest.h>
 

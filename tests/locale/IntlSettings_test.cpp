@@ -1,7 +1,7 @@
 #include "LocaleTestUtil.hpp"
 
-#include "env/IntlSettings_p.hpp"
-#include "env/LocaleTables_p.hpp"
+#include "locale/IntlSettings_p.hpp"
+#include "locale/LocaleTables_p.hpp"
 
 #include <gtest/gtest.h>
 

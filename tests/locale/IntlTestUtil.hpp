@@ -2,8 +2,8 @@
 
 #include "LocaleTestUtil.hpp"
 
-#include "env/International_p.hpp"
-#include "env/LocaleTables_p.hpp"
+#include "locale/International_p.hpp"
+#include "locale/LocaleTables_p.hpp"
 
 #include <vesk/locale.hpp>
 

@@ -1,6 +1,6 @@
 // The fuzz target's comparison with the std::string model, on seeded random operation lists,
 // so that every test run covers it too.
-#include "../../fuzz/sstring_model.hpp"
+#include "models/sstring_model.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Random operation sequences on a UString of ASCII characters against the byte-string model:
 // the wide members follow the same rules, so on ASCII text they must give the same results.
-#include "../../fuzz/sstring_model.hpp"
+#include "models/sstring_model.hpp"
 
 #include "UStringTestUtil.hpp"
 

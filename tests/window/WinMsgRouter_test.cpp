@@ -1,6 +1,7 @@
+#include "support/ConfigHomeGuard.hpp"
 #include "support/LinkProbe.hpp"
-#include "window/WinMsgRouter_p.hpp"
 
+#include <vesk/frame.hpp>
 #include <vesk/window.hpp>
 
 #include <gtest/gtest.h>
@@ -33,8 +34,8 @@ std::vector<WinProcHook> MakeHooks(std::integer_sequence<int, N...>)
 
 class WinMsgRouterTest : public ::testing::Test {
 protected:
-    void SetUp() override { ImpCreateWinMsgRouter(); }
-    void TearDown() override { ImpDestroyWinMsgRouter(); }
+    void SetUp() override { VeskInit(); }
+    void TearDown() override { VeskExit(); }
     WinMsgRouter& Router() { return *GlGetPWinMsgRouter(); }
     std::vector<int> CalledHooks(int swallowing = -1)
     {
@@ -48,24 +49,25 @@ protected:
 
 } // namespace
 
-TEST(WinMsgRouterLife, ExistsOnlyBetweenCreationAndDestruction)
+TEST(WinMsgRouterLife, ExistsOnlyWhileTheLibraryRuns)
 {
+    vesk::test::ConfigHomeGuard config;
     EXPECT_EQ(GlGetPWinMsgRouter(), nullptr);
     LinkProbe probe;
     GlAddOnKeyDownHdl(probe.GetLink()); // without a router nothing happens
     GlPushKeyLinks();
     GlPushWinProcHook(&Hook<0>);
-    ImpCreateWinMsgRouter();
+    VeskInit();
     WinMsgRouter* router = GlGetPWinMsgRouter();
     ASSERT_NE(router, nullptr);
-    ImpCreateWinMsgRouter(); // a second creation keeps the router
+    VeskInit(); // a second start keeps the state and its router
     EXPECT_EQ(GlGetPWinMsgRouter(), router);
     EXPECT_TRUE(router->GetKeyDownChain().IsEmpty());
     EXPECT_EQ(router->GetHookCount(), 0u);
     const auto window = reinterpret_cast<NativeWindow>(uintptr_t{0x40});
     router->SetNextFocusWindow(window);
     EXPECT_EQ(router->GetNextFocusWindow(), window);
-    ImpDestroyWinMsgRouter();
+    VeskExit();
     EXPECT_EQ(GlGetPWinMsgRouter(), nullptr);
 }
 

@@ -14,8 +14,8 @@ struct ConfigData;
 // Reads of missing files, groups or keys give the default; nothing raises errors.
 class VESK_API Config {
 public:
-    // The running program's file name (/proc/self/exe) with its last three characters
-    // replaced by "ini", in the user's config directory.
+    // "<program>.ini" in the user's config directory, after the running program's file name
+    // (/proc/self/exe); a name ending in ".exe" (any case) has that ending replaced by ".ini".
     Config();
     // The file at pathName; a name without '/' is a file in the user's config directory.
     Config(const SString& pathName);

@@ -1,10 +1,9 @@
 #pragma once
 
 #include <vesk/export.hpp>
-#include <vesk/graphics/ColorName.hpp>
-#include <vesk/graphics/TamColor.hpp>
+#include <vesk/frame/ColorName.hpp>
+#include <vesk/frame/NativeWindow.hpp>
 #include <vesk/text/TranscriptData.hpp>
-#include <vesk/window/NativeWindow.hpp>
 
 #include <cstdint>
 #include <memory>
@@ -12,7 +11,11 @@
 
 namespace vesk {
 
+// State of higher families that the library state owns without knowing it: each family reaches
+// its slot through an access struct of its own and makes the object on first use.
 struct LocaleRegistries;
+class TamColor;
+class WinMsgRouter;
 
 // The library's own registered window messages.
 enum UserMessageCode : int
@@ -123,6 +126,7 @@ public:
 
 private:
     friend struct LocaleRegistriesAccess;
+    friend struct WinMsgRouterAccess;
 
     NativeWindow m_hMainWnd = nullptr;
     std::shared_ptr<ColorTableEntry[]> m_pColorTable;
@@ -132,6 +136,7 @@ private:
     std::u16string m_sWindowClassName;
     std::shared_ptr<TranscriptData> m_pTranscriptData;
     std::shared_ptr<LocaleRegistries> m_pLocaleRegistries; // International's, made on first use
+    std::shared_ptr<WinMsgRouter> m_pWinMsgRouter;         // the message router, made on first use
     double m_fTextScaleFactor = 1.0;
     int32_t m_nResolutionX = 96;
     int32_t m_nResolutionY = 96;
@@ -141,8 +146,8 @@ private:
     bool m_bScreenReader = false;
 };
 
-// Starts the library: creates the library state and the message router. A second call while
-// the library runs changes nothing.
+// Starts the library: creates the library state (the message router comes with it). A second
+// call while the library runs changes nothing.
 VESK_API void VeskInit();
 // Ends the library: destroys the state and the router; GetPVeskData() is null afterwards.
 VESK_API void VeskExit();
@@ -152,7 +157,5 @@ VESK_API VeskData* GetPVeskData();
 VESK_API void SetVeskMainWnd(NativeWindow window);
 // Records the application's main frame window.
 VESK_API void SetVeskMainFrame(NativeWindow frame);
-// Records the window that is to receive the focus next in the message router.
-VESK_API void VeskSetCWndNextFocus(NativeWindow window);
 
 } // namespace vesk

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vesk/export.hpp>
-#include <vesk/graphics/ColorName.hpp>
+#include <vesk/frame/ColorName.hpp>
 #include <vesk/text/SString.hpp>
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vesk/links/HdlChain.hpp>
-#include <vesk/window/NativeWindow.hpp>
+#include <vesk/frame/NativeWindow.hpp>
 
 #include <array>
 #include <vector>
@@ -52,6 +52,8 @@ private:
 
 // The router; null before the library starts and after it ends.
 VESK_API WinMsgRouter* GlGetPWinMsgRouter();
+// Records the window that is to receive the focus next in the message router.
+VESK_API void VeskSetCWndNextFocus(NativeWindow window);
 // Installs a hook on the router (at most 20; more are ignored, as is a call without a router).
 VESK_API void GlPushWinProcHook(WinProcHook hook);
 // Removes the first occurrence of a hook; unknown hooks are ignored.
