@@ -191,11 +191,14 @@ void WideFormatter::Text(const Field& field, std::u16string_view text)
 
 bool WideFormatter::Number(const Field& field)
 {
-    std::string format = "%" + field.flags;
+    std::string format(1, '%');
+    format += field.flags;
     if (field.width >= 0)
         format += std::to_string(field.width);
-    if (field.precision >= 0)
-        format += "." + std::to_string(field.precision);
+    if (field.precision >= 0) {
+        format += '.';
+        format += std::to_string(field.precision);
+    }
     const std::string& length = field.length;
     const char c = field.conversion;
     bool printed = false;
