@@ -17,6 +17,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <map>
+#include <set>
 #include <optional>
 
 namespace vesk::test {
@@ -107,8 +109,14 @@ public:
         return m_failures;
     }
 
+    const std::set<std::string>& FailedAspects() const { return m_aspects; }
+
 private:
-    void Fail(const std::string& what) { m_failures.push_back(m_name + ": " + what); }
+    void Fail(const std::string& aspect, const std::string& what)
+    {
+        m_aspects.insert(aspect);
+        m_failures.push_back(m_name + ": " + aspect + " " + what);
+    }
 
     // The locale's names for the weekday and month of a day, and the library's.
     std::vector<FieldForm> LocaleNames(const Day& d) const
@@ -137,13 +145,13 @@ private:
             auto day = static_cast<DayOfWeek>((i + 6) % 7);
             if (Utf8(m_intl.GetDayText(day)) != m_view.Text(DAY_1 + i) ||
                 Utf8(m_intl.GetAbbrevDayText(day)) != m_view.Text(ABDAY_1 + i))
-                Fail("day name " + Utf8(m_intl.GetDayText(day)) + " is not " + m_view.Text(DAY_1 + i));
+                Fail("names", "day " + Utf8(m_intl.GetDayText(day)) + " is not " + m_view.Text(DAY_1 + i));
         }
         for (int i = 0; i < 12; ++i) {
             auto month = static_cast<uint16_t>(i + 1);
             if (Utf8(m_intl.GetMonthText(month)) != m_view.Text(MON_1 + i) ||
                 Utf8(m_intl.GetAbbrevMonthText(month)) != m_view.Text(ABMON_1 + i))
-                Fail("month name " + Utf8(m_intl.GetMonthText(month)) + " is not " + m_view.Text(MON_1 + i));
+                Fail("names", "month " + Utf8(m_intl.GetMonthText(month)) + " is not " + m_view.Text(MON_1 + i));
         }
     }
 
@@ -158,7 +166,7 @@ private:
         std::string difference =
             CompareFields(expected, ReadFields(text, LibraryNames(d), DateNumbers(d.year, d.month, d.day)));
         if (!difference.empty())
-            Fail(std::string(what) + " \"" + text + "\": " + difference);
+            Fail(what, "\"" + text + "\": " + difference);
     }
 
     // Picture letters never leak into the text (names aside).
@@ -169,7 +177,7 @@ private:
                 text.erase(at, name.text.size());
         for (const char* letters : {"dd", "MM", "yy"})
             if (text.find(letters) != std::string::npos)
-                Fail("long date \"" + text + "\" holds " + letters);
+                Fail("long date", "\"" + text + "\" holds " + letters);
     }
 
     void CheckDates()
@@ -196,7 +204,7 @@ private:
             CountryType base = CountryFromDialCode(code.value_or(1));
             International fallback(base ? base : COUNTRY_FALLBACK, m_intl.GetLanguage());
             if (Utf8(fallback.GetLongDate(date)) != longDate)
-                Fail("long date \"" + longDate + "\" is not the fallback " + Utf8(fallback.GetLongDate(date)));
+                Fail("long date", "\"" + longDate + "\" is not the fallback " + Utf8(fallback.GetLongDate(date)));
         }
     }
 
@@ -225,7 +233,7 @@ private:
                 static_cast<uint16_t>(c.second), 0), seconds, false));
             std::string difference = CompareFields(expected, ReadFields(text, libraryAmPm, numbers));
             if (!difference.empty())
-                Fail("time \"" + text + "\": " + difference);
+                Fail("time", "\"" + text + "\": " + difference);
         }
     }
 
@@ -233,6 +241,7 @@ private:
     LocaleView m_view;
     const International& m_intl;
     std::vector<std::string> m_failures;
+    std::set<std::string> m_aspects;
 };
 
 TEST(AllLocales, FieldsMatchTheCLibrary)
@@ -246,6 +255,7 @@ TEST(AllLocales, FieldsMatchTheCLibrary)
     ConfigHomeGuard home; // no [intl] overrides
     std::vector<std::string> failures;
     size_t checked = 0, failed = 0;
+    std::map<std::string, size_t> failedBy;
     for (const std::string& name : names) {
         if (IsPlain(name))
             continue;
@@ -254,13 +264,19 @@ TEST(AllLocales, FieldsMatchTheCLibrary)
         LocaleGuard guard(name.c_str());
         VeskInit();
         const International intl;
-        std::vector<std::string> found = LocaleCheck(name, locale, intl).Run();
+        LocaleCheck check(name, locale, intl);
+        std::vector<std::string> found = check.Run();
         VeskExit();
         ++checked;
         failed += !found.empty();
+        for (const std::string& aspect : check.FailedAspects())
+            ++failedBy[aspect];
         failures.insert(failures.end(), found.begin(), found.end());
     }
-    std::printf("[ locales  ] %zu checked, %zu failed\n", checked, failed);
+    std::string by;
+    for (const auto& [aspect, count] : failedBy)
+        by += ", " + aspect + " " + std::to_string(count);
+    std::printf("[ locales  ] %zu checked, %zu failed%s\n", checked, failed, by.c_str());
     std::string report;
     for (size_t i = 0; i < failures.size() && i < 60; ++i)
         report += failures[i] + "\n";
