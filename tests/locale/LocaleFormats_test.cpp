@@ -73,7 +73,8 @@ TEST(DatePicture, LongDateKeepsWhatTheRecordHolds)
         "dd MMMM yyyy");
     EXPECT_EQ(LongDatePicture(TimeFormats{.date = "%Y.%m.%d.", .dateLong = "%A, %Y. gada %e. %B, %H:%M:%S %Z"}),
         "yyyy.MM.dd.");
-    EXPECT_EQ(LongDatePicture(TimeFormats{.date = "%d/%m/%y", .dateLong = "%x (%a) %X %Z"}), "dd/MM/yy");
+    EXPECT_EQ(LongDatePicture(TimeFormats{.date = "%e.%m.%Y", .dateLong = "%x (%a) %X %Z"}), "d.MM.yyyy");
+    EXPECT_EQ(LongDatePicture(TimeFormats{.date = "%e.%m.%Y", .dateLong = "%a, %x"}), "dddd, d.MM.yyyy");
     EXPECT_EQ(LongDatePicture(TimeFormats{.date = "%Y.%d.%m"}), "");
     // A picture longer than the reader takes loses field texts from the end.
     EXPECT_EQ(LongDatePicture(LongOnly("%A %d ------------------ %B ------------------- %Y ---")),
