@@ -124,19 +124,6 @@ TEST(SystemIntl, SystemLanguageTakesTheLocalesNames)
         EXPECT_TRUE(International(0, 1049) == intl);
     }
     {
-        // Names that fit the 8-bit code page are kept in it, as the built-in texts are.
-        LibraryUnder library("pt_BR.UTF-8");
-        International intl;
-        EXPECT_FALSE(intl.GetMonthText(3).IsUTF8());
-        EXPECT_EQ(Text(intl.GetMonthText(3)), "mar\xE7o");
-        EXPECT_EQ(Text(intl.GetDayText(FRIDAY)), "sexta");
-    }
-    {
-        // The built-in languages keep their own texts.
-        LibraryUnder library("fr_CA.UTF-8");
-        EXPECT_EQ(International().GetDayText(SUNDAY), "Diamanche");
-    }
-    {
         // A language without an identifier of its own still has its names.
         LibraryUnder library("ber_MA.UTF-8");
         International intl;
