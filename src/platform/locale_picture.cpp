@@ -1,7 +1,6 @@
 #include "platform/locale_formats.hpp"
 #include "platform/locale_strftime.hpp"
 
-#include <array>
 #include <vector>
 
 namespace vesk::platform {
