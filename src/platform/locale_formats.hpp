@@ -26,7 +26,7 @@
 //   white space of the text leading up to them, without trailing commas, and nothing when
 //   that text has no white space ("日 %A" keeps "日", "., %A" keeps ".", " d. %T" and "T%T"
 //   keep nothing), followed by the text that leads from the last left-out field to the next
-//   kept field.
+//   kept field (none after the last one).
 // - Texts with ASCII letters are quoted with apostrophes; apostrophes themselves cannot be
 //   carried and are dropped. A text that the reader would take for a field (a doubled d, m
 //   or y in either case; a 'd' before a one-letter day; an 'm' anywhere or an 'M' before a
