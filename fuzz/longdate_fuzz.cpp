@@ -1,5 +1,5 @@
 // The date-picture parsers on arbitrary text, directly and through the conversion of a
-// strftime format: no crash, every field in its range, and the separators made only of the
+// locale's strftime formats: no crash, every field in its range, and the separators made only of the
 // picture's own characters.
 #include "locale/IntlPicture_p.hpp"
 #include "platform/locale_formats.hpp"
@@ -34,7 +34,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     std::string_view text(reinterpret_cast<const char*>(data), size);
     // A picture reaches the parsers as a zero-terminated string.
     Check(text.substr(0, text.find('\0')));
-    Check(vesk::platform::DatePicture(text, true));
-    Check(vesk::platform::DatePicture(text, false));
+    // The locale's formats, one a line: D_FMT, D_T_FMT, _DATE_FMT, T_FMT, T_FMT_AMPM.
+    vesk::platform::TimeFormats formats;
+    std::string* fields[] = {&formats.date, &formats.dateTime, &formats.dateLong, &formats.time, &formats.time12};
+    for (std::string* field : fields) {
+        size_t end = text.find('\n');
+        *field = std::string(text.substr(0, end));
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+    Check(vesk::platform::ShortDatePicture(formats));
+    Check(vesk::platform::LongDatePicture(formats));
+    vesk::platform::ClockFromTimeFormat(formats);
     return 0;
 }

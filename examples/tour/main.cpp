@@ -54,13 +54,21 @@ void Locale()
                                     { "United States", 1049, 1033 } };
     for (const Place& place : places) {
         const International intl(place.country, place.language);
-        // The built-in texts are in the 8-bit code page; the terminal wants UTF-8.
-        std::printf("  %-14s %s | %s | %s | %s | %s\n", place.name, static_cast<const char*>(intl.GetDate(date)),
-                    static_cast<const char*>(intl.GetLongDate(date).AnsiToUTF8()),
-                    static_cast<const char*>(intl.GetTime(time, true, false)),
-                    static_cast<const char*>(intl.GetNum(1234567, 2)),
-                    static_cast<const char*>(intl.GetCurr(123456).AnsiToUTF8()));
+        // Built-in texts are in the 8-bit code page, the system's own may be UTF-8 already;
+        // AnsiToUTF8 leaves UTF-8 as it is, and the terminal wants UTF-8.
+        auto shown = [](const SString& s) { return s.AnsiToUTF8(); };
+        std::printf("  %-14s %s | %s | %s | %s | %s\n", place.name, static_cast<const char*>(shown(intl.GetDate(date))),
+                    static_cast<const char*>(shown(intl.GetLongDate(date))),
+                    static_cast<const char*>(shown(intl.GetTime(time, true, false))),
+                    static_cast<const char*>(shown(intl.GetNum(1234567, 2))),
+                    static_cast<const char*>(shown(intl.GetCurr(123456))));
     }
+    // The system row follows the user's locale (LANG, LC_TIME, ...), names included.
+    const International system;
+    std::printf("  (this system is language %u; its months run %s, %s, %s, ...)\n", system.GetLanguage(),
+                static_cast<const char*>(system.GetMonthText(1).AnsiToUTF8()),
+                static_cast<const char*>(system.GetMonthText(2).AnsiToUTF8()),
+                static_cast<const char*>(system.GetMonthText(3).AnsiToUTF8()));
 }
 
 void Zlib()

@@ -1,6 +1,7 @@
 #include "locale/IntlSettings_p.hpp"
 #include "locale/LocaleRegistry_p.hpp"
 #include "locale/LocaleTables_p.hpp"
+#include "locale/SystemLanguage_p.hpp"
 #include "platform/intl_profile.hpp"
 
 #include <vesk/frame/VeskData.hpp>
@@ -23,9 +24,15 @@ std::vector<Type> TypesWith(std::span<const Type> builtin, Type own)
 
 } // namespace
 
-std::unique_ptr<LanguageRegistry> MakeLanguageRegistry(LanguageType userLanguage)
+std::unique_ptr<LanguageRegistry> MakeLanguageRegistry(
+    LanguageType userLanguage, std::optional<platform::LocaleNames> userNames)
 {
-    auto build = [userLanguage](LanguageRegistry& registry, LanguageType type) {
+    // The locale's names replace the built-in English ones of a language without texts.
+    if (HasBuiltinTexts(userLanguage))
+        userNames.reset();
+    auto build = [userLanguage, names = std::move(userNames)](LanguageRegistry& registry, LanguageType type) {
+        if (names && type == userLanguage)
+            return SystemLanguage(userLanguage, *names);
         if (type != LANGUAGE_SYSTEM || userLanguage == LANGUAGE_SYSTEM)
             return BuiltinLanguage(type);
         const LanguageTable* user = registry.Find(userLanguage);
@@ -76,7 +83,7 @@ LanguageRegistry* ImpGetLanguageRegistry()
     if (!registries)
         return nullptr;
     if (!registries->pLanguages)
-        registries->pLanguages = MakeLanguageRegistry(platform::UserDefaultLCID());
+        registries->pLanguages = MakeLanguageRegistry(platform::UserDefaultLCID(), platform::LocaleNamesFromLocale());
     return registries->pLanguages.get();
 }
 

@@ -55,8 +55,11 @@ using LanguageRegistry = LocaleRegistry<LanguageTable>;
 using CountryRegistry = LocaleRegistry<CountryTable>;
 
 // The language registry: the built-in list, then the user's language when it is not among
-// them. The system entry (0) takes the record of the user's language.
-std::unique_ptr<LanguageRegistry> MakeLanguageRegistry(LanguageType userLanguage);
+// them. The system entry (0) takes the record of the user's language. A user's language
+// without built-in texts takes its day and month names from `userNames`, the locale's (see
+// SystemLanguage); without them it has the English texts.
+std::unique_ptr<LanguageRegistry> MakeLanguageRegistry(
+    LanguageType userLanguage, std::optional<platform::LocaleNames> userNames = std::nullopt);
 // The country registry: the built-in list, then the country of the settings' dialling code
 // ("iCountry", 1 when missing) when it is not among them. The system entry (0) starts from
 // that country's record (else the fallback country's) and reads the settings over it.

@@ -41,6 +41,12 @@ constexpr LocaleId kLocales[] = {
 };
 
 constexpr uint32_t LCID_ENGLISH_US = 1033;
+constexpr uint32_t LCID_CUSTOM_UNSPECIFIED = 0x1000;
+
+bool IsPlain(std::string_view language)
+{
+    return language.empty() || language == "C" || language == "POSIX";
+}
 
 } // namespace
 
@@ -55,7 +61,9 @@ uint32_t LcidFromLocaleName(std::string_view name)
         if (!neutral && !language.empty() && id.name.substr(0, id.name.find('_')) == language)
             neutral = id.lcid & 0x3FF;
     }
-    return neutral ? neutral : LCID_ENGLISH_US;
+    if (neutral)
+        return neutral;
+    return IsPlain(language) ? LCID_ENGLISH_US : LCID_CUSTOM_UNSPECIFIED;
 }
 
 } // namespace vesk::platform

@@ -49,7 +49,8 @@ public:
         if (!m_locale)
             return;
         std::string_view codeset = nl_langinfo_l(CODESET, m_locale);
-        if (codeset != "UTF-8")
+        m_bConvert = codeset != "UTF-8";
+        if (m_bConvert)
             m_convert = iconv_open("UTF-8", std::string(codeset).c_str());
     }
     ~CategoryLocale()
@@ -68,7 +69,7 @@ public:
     std::string Text(nl_item item) const
     {
         std::string text = nl_langinfo_l(item, m_locale);
-        return m_convert == kNoConversion ? text : Convert(text);
+        return m_bConvert ? Convert(text) : text;
     }
 
     // A numeric item (a single char); CHAR_MAX means the locale leaves it unspecified.
@@ -79,6 +80,8 @@ private:
 
     std::string Convert(std::string text) const
     {
+        if (m_convert == kNoConversion)
+            return {};
         std::string out(text.size() * 4, '\0');
         char* in = text.data();
         size_t inLeft = text.size();
@@ -93,6 +96,7 @@ private:
 
     locale_t m_locale = locale_t(0);
     iconv_t m_convert = kNoConversion;
+    bool m_bConvert = false;
 };
 
 void SetIfNonEmpty(IntlKeys& keys, const char* key, std::string value)
@@ -107,15 +111,21 @@ void SetNumber(IntlKeys& keys, const char* key, std::optional<int> value)
         keys[key] = std::to_string(*value);
 }
 
+TimeFormats FormatsOf(const CategoryLocale& time)
+{
+    return TimeFormats{time.Text(D_FMT), time.Text(D_T_FMT), time.Text(_DATE_FMT), time.Text(T_FMT),
+        time.Text(T_FMT_AMPM)};
+}
+
 void ReadTime(IntlKeys& keys)
 {
     CategoryLocale time(LC_TIME, LC_TIME_MASK, "LC_TIME");
     if (!time)
         return;
-    SetIfNonEmpty(keys, "sShortDate", DatePicture(time.Text(D_FMT), false));
-    std::string longForm = time.Text(_DATE_FMT);
-    SetIfNonEmpty(keys, "sLongDate", DatePicture(longForm.empty() ? time.Text(D_T_FMT) : longForm, true));
-    ClockFormat clock = ClockFromTimeFormat(time.Text(T_FMT), time.Text(T_FMT_AMPM));
+    TimeFormats formats = FormatsOf(time);
+    SetIfNonEmpty(keys, "sShortDate", ShortDatePicture(formats));
+    SetIfNonEmpty(keys, "sLongDate", LongDatePicture(formats));
+    ClockFormat clock = ClockFromTimeFormat(formats);
     SetNumber(keys, "iTime", clock.nTime);
     SetNumber(keys, "iTLZero", clock.nLeadingZero);
     SetIfNonEmpty(keys, "sTime", clock.sSeparator);
@@ -187,6 +197,24 @@ uint32_t UserDefaultLCID()
         return LcidFromLocaleName("C");
     freelocale(probe);
     return LcidFromLocaleName(name);
+}
+
+std::optional<LocaleNames> LocaleNamesFromLocale()
+{
+    CategoryLocale time(LC_TIME, LC_TIME_MASK, "LC_TIME");
+    if (!time)
+        return std::nullopt;
+    LocaleNames names;
+    // The C library counts the days from Sunday, the record from Monday.
+    for (int i = 0; i < 7; ++i) {
+        names.days[i] = time.Text(static_cast<nl_item>(DAY_1 + (i + 1) % 7));
+        names.abbrevDays[i] = time.Text(static_cast<nl_item>(ABDAY_1 + (i + 1) % 7));
+    }
+    for (int i = 0; i < 12; ++i) {
+        names.months[i] = time.Text(static_cast<nl_item>(MON_1 + i));
+        names.abbrevMonths[i] = time.Text(static_cast<nl_item>(ABMON_1 + i));
+    }
+    return names;
 }
 
 } // namespace vesk::platform

@@ -7,8 +7,8 @@
 // whose locale is C, POSIX or missing on the machine contributes no keys.
 //
 //   LC_TIME       sShortDate   picture of D_FMT (see DatePicture)
-//                 sLongDate    picture of the date form of _DATE_FMT (time and zone left out,
-//                              names in full), else of D_T_FMT
+//                 sLongDate    picture of _DATE_FMT, else D_T_FMT, else D_FMT (time and zone
+//                              left out, names in full; see locale_formats.hpp)
 //                 iTime, iTLZero, sTime   from the hour field of T_FMT (%r: T_FMT_AMPM)
 //                 s1159, s2359 AM_STR, PM_STR
 //   LC_NUMERIC    sDecimal     RADIXCHAR
@@ -23,10 +23,15 @@
 // POSIX has no counterpart of iLzero and iDigits (the C library always writes the zero before
 // the decimal separator); they are left to the country's record. Texts in a locale whose
 // codeset is not UTF-8 are converted to UTF-8 with iconv.
+//
+// The day and month names of LC_TIME's locale are the source of the system language's texts
+// where the library has none of its own; POSIX has no button texts.
 
 
+#include <array>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -46,5 +51,17 @@ IntlKeys IntlKeysFromLocale();
 
 // The user's LCID: the identifier of LC_TIME's locale name (see LcidFromLocaleName).
 uint32_t UserDefaultLCID();
+
+// The day and month names of a locale in UTF-8, in the forms the C library writes into dates
+// (%A, %a, %B, %b: genitive month names where the language has them). Days start on Monday.
+struct LocaleNames {
+    std::array<std::string, 7> days;
+    std::array<std::string, 7> abbrevDays;
+    std::array<std::string, 12> months;
+    std::array<std::string, 12> abbrevMonths;
+};
+
+// The names of LC_TIME's locale; none when it is C, POSIX or missing on the machine.
+std::optional<LocaleNames> LocaleNamesFromLocale();
 
 } // namespace vesk::platform

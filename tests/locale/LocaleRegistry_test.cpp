@@ -2,6 +2,7 @@
 
 #include "locale/LocaleRegistry_p.hpp"
 #include "locale/LocaleTables_p.hpp"
+#include "platform/locale_source.hpp"
 
 #include <gtest/gtest.h>
 
@@ -42,6 +43,39 @@ TEST(LanguageRegistry, BuiltInListThenTheUsersLanguage)
     auto italian = MakeLanguageRegistry(1040);
     EXPECT_EQ(Types(*italian), With(kLanguages, 1040u));
     EXPECT_EQ(italian->Find(0)->m_sDayText[0], "Monday"); // no texts of its own: English
+}
+
+platform::LocaleNames Names(const char* day, const char* month)
+{
+    platform::LocaleNames names;
+    names.days.fill(day);
+    names.abbrevDays.fill(day);
+    names.months.fill(month);
+    names.abbrevMonths.fill(month);
+    return names;
+}
+
+TEST(LanguageRegistry, TheLocalesNamesServeALanguageWithoutTexts)
+{
+    // Czech: "úterý" fits the 8-bit code page, "března" does not, so all go UTF-8.
+    auto czech = MakeLanguageRegistry(1029, Names("\xC3\xBAter\xC3\xBD", "b\xC5\x99" "ezna"));
+    const LanguageTable* system = czech->Find(LANGUAGE_SYSTEM);
+    EXPECT_EQ(*system, *czech->Find(1029));
+    EXPECT_EQ(system->m_eType, 1029u);
+    EXPECT_TRUE(system->m_sDayText[1].IsUTF8());
+    EXPECT_EQ(Text(system->m_sDayText[1]), "\xC3\xBAter\xC3\xBD");
+    EXPECT_TRUE(system->m_sAbbrevMonthText[11].IsUTF8());
+    EXPECT_EQ(system->m_sHelpButtonText, "~Help");
+
+    auto spanish = MakeLanguageRegistry(3082, Names("s\xC3\xA1" "bado", "marzo"));
+    EXPECT_FALSE(spanish->Find(0)->m_sDayText[5].IsUTF8());
+    EXPECT_EQ(Text(spanish->Find(0)->m_sDayText[5]), "s\xE1" "bado");
+    // Other entries keep the built-in texts.
+    EXPECT_EQ(spanish->Find(1031)->m_sDayText[0], "Montag");
+
+    // A language with built-in texts ignores the locale's names.
+    auto swiss = MakeLanguageRegistry(2055, Names("x", "y"));
+    EXPECT_EQ(swiss->Find(0)->m_sDayText[0], "Montag");
 }
 
 TEST(LanguageRegistry, RegisteringAddsOrOverwritesInPlace)

@@ -78,6 +78,70 @@ TEST(SystemIntl, FormatsUnderRealLocales)
     }
 }
 
+// UTF-8 text of a formatted value, whichever form its texts took.
+std::string Shown(const SString& s)
+{
+    return Text(s.AnsiToUTF8());
+}
+
+TEST(SystemIntl, LongDatesOfTheWorld)
+{
+    struct World {
+        const char* locale;
+        const char* longDate; // 15 March 2024, UTF-8
+    };
+    const World kWorld[] = {
+        {"ja_JP.UTF-8", "2024\xE5\xB9\xB4 3\xE6\x9C\x88 15\xE6\x97\xA5"},
+        {"ja_JP.EUC-JP", "2024\xE5\xB9\xB4 3\xE6\x9C\x88 15\xE6\x97\xA5"},
+        {"zh_CN.UTF-8", "2024\xE5\xB9\xB4 03\xE6\x9C\x88 15\xE6\x97\xA5"},
+        {"zh_CN.GB18030", "2024\xE5\xB9\xB4 03\xE6\x9C\x88 15\xE6\x97\xA5"},
+        {"hu_HU.UTF-8", "2024. m\xC3\xA1rcius. 15."},
+        {"he_IL.UTF-8", "2024 \xD7\x9E\xD7\xA8\xD7\xA5 15"},
+        {"br_FR.UTF-8", "gwener 15 a viz Meurzh 2024"},
+        {"br_FR", "gwener 15 a viz Meurzh 2024"},
+        {"ru_RU.KOI8-R", "\xD0\x9F\xD1\x8F\xD1\x82\xD0\xBD\xD0\xB8\xD1\x86\xD0\xB0 15 "
+                         "\xD0\xBC\xD0\xB0\xD1\x80\xD1\x82\xD0\xB0 2024"},
+        {"pl_PL.ISO-8859-2", "pi\xC4\x85tek, 15 marca 2024"},
+    };
+    for (const World& w : kWorld) {
+        SCOPED_TRACE(w.locale);
+        LibraryUnder library(w.locale);
+        EXPECT_EQ(Shown(International().GetLongDate(Date(15, 3, 2024))), w.longDate);
+    }
+}
+
+TEST(SystemIntl, SystemLanguageTakesTheLocalesNames)
+{
+    {
+        // Genitive month names, as the C library writes them into dates; the buttons stay English.
+        LibraryUnder library("ru_RU.UTF-8");
+        International intl;
+        EXPECT_EQ(intl.GetLanguage(), 1049u);
+        EXPECT_TRUE(intl.GetMonthText(3).IsUTF8());
+        EXPECT_EQ(Text(intl.GetMonthText(3)), "\xD0\xBC\xD0\xB0\xD1\x80\xD1\x82\xD0\xB0");
+        EXPECT_EQ(Text(intl.GetAbbrevDayText(SUNDAY)), "\xD0\x92\xD1\x81");
+        EXPECT_EQ(intl.GetCancelButtonText(), "Cancel");
+        EXPECT_TRUE(International(0, 1049) == intl);
+    }
+    {
+        // A language without an identifier of its own still has its names.
+        LibraryUnder library("ber_MA.UTF-8");
+        International intl;
+        EXPECT_EQ(intl.GetLanguage(), 0x1000u);
+        EXPECT_NE(intl.GetMonthText(1), "January");
+    }
+}
+
+TEST(SystemIntl, OverridesWinOverTheLocale)
+{
+    ConfigHomeGuard home;
+    mkdir((home.Path() + "/vesk").c_str(), 0700);
+    ASSERT_TRUE(WriteFileText(platform::UserProfilePath(), "[intl]\nsLongDate=dddd, d. MMMM yyyy\n"));
+    LibraryUnder library("ja_JP.UTF-8");
+    EXPECT_EQ(Shown(International().GetLongDate(Date(15, 3, 2024))),
+        "\xE9\x87\x91\xE6\x9B\x9C\xE6\x97\xA5, 15. 3\xE6\x9C\x88 2024");
+}
+
 TEST(SystemIntl, ProfileOverridesReachTheSystemCountry)
 {
     ConfigHomeGuard home;
@@ -93,14 +157,18 @@ TEST(SystemIntl, ProfileOverridesReachTheSystemCountry)
     EXPECT_EQ(Text(intl.GetCurr(-123456)), "-\xE2\x82\xAC 1234,56");
 }
 
-TEST(SystemIntl, MissingLocaleGivesTheDefaults)
+TEST(SystemIntl, MissingOrPlainLocalesGiveTheDefaults)
 {
-    LocaleGuard missing("xx_YY.UTF-8");
-    VeskInit();
-    International intl;
-    EXPECT_TRUE(intl == International(COUNTRY_SYSTEM, 1033));
-    EXPECT_EQ(Text(intl.GetCurr(-123456)), "(1,234.56)");
-    VeskExit();
+    for (const char* name : {"xx_YY.UTF-8", "C", "POSIX", "C.UTF-8"}) {
+        SCOPED_TRACE(name);
+        LocaleGuard locale(name);
+        VeskInit();
+        International intl;
+        EXPECT_TRUE(intl == International(COUNTRY_SYSTEM, 1033));
+        EXPECT_EQ(Text(intl.GetCurr(-123456)), "(1,234.56)");
+        EXPECT_EQ(Text(intl.GetLongDate(Date(15, 3, 2024))), "3152024");
+        VeskExit();
+    }
 }
 
 TEST(SystemIntl, RegistriesLiveInTheLibraryState)

@@ -25,6 +25,12 @@ struct IntlData;
 // registry functions belong to the user-interface thread (the registries take no lock); made
 // handles may be copied, changed and used on any thread.
 //
+// The system entries follow the user's POSIX locale. The system language is the locale's
+// identifier (LCID); English, German and French use the built-in texts, every other language
+// has the locale's day and month names (8-bit Windows-1252 text when all of them fit it, else
+// UTF-8) and the English button texts, which the system has no source for. The system
+// country's orders, separators and clock come from the locale's formats.
+//
 // The original's 32-bit `long` amounts are int32_t here; the magnitude of INT32_MIN wraps to
 // itself as it did there, so GetCurr(INT32_MIN) keeps a '-' inside the amount.
 class VESK_API International {
