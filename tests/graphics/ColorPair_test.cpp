@@ -48,6 +48,9 @@ TEST(RGBAlpha, BytesMixAndPremultiply)
     RGBAlpha p(200, 100, 50, 128);
     p.PreMultiplyAlpha();
     EXPECT_EQ(p, RGBAlpha(100, 50, 25, 128));
+    RGBAlpha opaque(255, 254, 1, 255); // full alpha keeps every channel
+    opaque.PreMultiplyAlpha();
+    EXPECT_EQ(opaque, RGBAlpha(255, 254, 1, 255));
 }
 
 } // namespace
