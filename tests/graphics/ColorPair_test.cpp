@@ -17,6 +17,9 @@ TEST(ColorPair, IndexUsesTheLowBit)
     EXPECT_EQ(pair[-2], kBlack);
     pair[-1] = kWhite;
     EXPECT_EQ(pair[3], kWhite);
+    const ColorPair& view = pair;
+    EXPECT_EQ(view[2], kBlack);
+    EXPECT_EQ(view[-3], kWhite);
 }
 
 TEST(ColorPair, PercentSignChoosesRaisedOrSunken)
