@@ -124,4 +124,14 @@ SString& SString::operator+=(unsigned int value)
     return AppendDecimal(*this, value, false);
 }
 
+SString& SString::operator+=(long value)
+{
+    return AppendDecimal(*this, Magnitude(value), value < 0);
+}
+
+SString& SString::operator+=(unsigned long value)
+{
+    return AppendDecimal(*this, value, false);
+}
+
 } // namespace vesk

@@ -88,6 +88,17 @@ TEST(ContainerStorage, FullBlocksSplitInFrontOrBehindTheInsertionPoint)
     EXPECT_EQ(behind.Shapes(), (Shapes{{10, 16}, {7, 8}}));
     EXPECT_EQ(behind.Entries(), Ptrs({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 99, 11, 12, 13, 14, 15, 16}));
     EXPECT_TRUE(front.Consistent() && exact.Consistent() && behind.Consistent());
+
+    // The halves meet at count / 2: below it the head moves, from it on the tail.
+    const std::pair<uint32_t, Shapes> splits[] = {
+        {0, {{1, 4}, {16, 16}}}, {7, {{8, 8}, {9, 16}}}, {8, {{8, 16}, {9, 12}}}, {15, {{15, 16}, {2, 4}}}};
+    for (const auto& [at, shapes] : splits) {
+        ContainerProbe c = Filled(16, 16, 4, 4);
+        c.Insert(Ptr(99), at);
+        EXPECT_EQ(c.Shapes(), shapes) << at;
+        EXPECT_EQ(c.GetCntObject(at), Ptr(99)) << at;
+        EXPECT_EQ(c.GetCntObject(at + 1), Ptr(at + 1)) << at;
+    }
 }
 
 // Contents and the current position after ChangeSize are covered by the model test.

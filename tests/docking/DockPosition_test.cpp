@@ -72,6 +72,13 @@ TEST(DockPositionNeighbours, EditsQueriesAndCopies)
     p.AddNeighbour("a", CBRS_ALIGN_TOP, NCT_EQUAL_SIDE);
     p.AddNeighbour("b", CBRS_ALIGN_LEFT, NCT_NONE); // out of contact: the sides are not mixed
     EXPECT_EQ(p.GetAllNeighbourType(), NT_TOP);
+
+    DockPosition sides;
+    for (const char* side : {"L", "R", "U", "D"})
+        sides.SetNeighbour(side, side, NCT_NONE);
+    const uint32_t aligns[] = {CBRS_ALIGN_LEFT, CBRS_ALIGN_RIGHT, CBRS_ALIGN_TOP, CBRS_ALIGN_BOTTOM};
+    for (size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(sides.GetNeighbourVec()[i].GetAlign(), aligns[i]) << i;
 }
 
 TEST(DockPositionQueries, AlignedRowIsTheLargestSideWithTwoJustifiedTiesInSideOrder)

@@ -34,6 +34,8 @@ TEST(DirEntryParse, SplitsIntoParts)
         {"/home/u/a.tar.gz", "", "/home/u/", "a.tar", "gz", RELATIVE},
         {"dir/..", "", "dir/", "..", "", RELATIVE},
         {"...", "", "", "..", "", RELATIVE},
+        {"C:..", "C:", "", "..", "", RELATIVE},
+        {"C:a..", "C:", "", "a.", "", RELATIVE},
         {"a..b", "", "", "a.", "b", RELATIVE},
         {"name.", "", "", "name", "", RELATIVE},
         {".profile", "", "", "", "profile", RELATIVE},

@@ -39,6 +39,7 @@ TEST(WildCard, AlternativesSplitAtTheDecimalCodeAndLoseOneByte)
     EXPECT_TRUE(Matches("*.c53*.h", "x.c", u'5'));
     EXPECT_TRUE(Matches("x65535y", "5535y", u'\xFFFF'));
     EXPECT_TRUE(Matches("x1", "", u'\x01')); // an empty last alternative matches the empty name
+    EXPECT_TRUE(Matches("x1y", "y", u'\x01'));
     WildCard w(SString("*.c"), u'\x01');
     w = SString("*.h1*.txt");
     EXPECT_EQ(w(), "*.h1*.txt");

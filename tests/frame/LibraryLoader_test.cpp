@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <atomic>
+#include <chrono>
 #include <thread>
 
 namespace vesk {
@@ -40,18 +42,22 @@ TEST(LibraryLoader, FailedLoadLeavesAnEmptyLoader)
     EXPECT_EQ(libc.GetProcAddress("getenv"), reinterpret_cast<void*>(&::getenv));
 }
 
-TEST(InlineCritSect, HolderMayEnterAgain)
+TEST(InlineCritSect, HolderMayEnterAgainAndExcludesOthers)
 {
     InlineCritSect lock;
     lock.Lock();
     lock.Lock();
     lock.Unlock();
-    bool entered = false;
+    std::atomic<bool> entered = false;
     std::thread other([&] {
         lock.Lock(); // waits for the last Unlock below
         entered = true;
         lock.Unlock();
     });
+    // Still held once: the other thread must not get in, however long it is given.
+    for (int i = 0; i < 20 && !entered; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    EXPECT_FALSE(entered);
     lock.Unlock();
     other.join();
     EXPECT_TRUE(entered);

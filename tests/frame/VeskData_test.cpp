@@ -20,11 +20,12 @@ using test::ConfigHomeGuard;
 struct ScriptedSystemInfo : platform::SystemInfo
 {
     int32_t m_nResolution = 96;
+    int32_t m_nResolutionY = 0; // 0: as m_nResolution
     bool m_bReaderKnown = false;
     bool m_bReaderRunning = false;
 
     int32_t GetResolutionX() override { return m_nResolution; }
-    int32_t GetResolutionY() override { return m_nResolution; }
+    int32_t GetResolutionY() override { return m_nResolutionY ? m_nResolutionY : m_nResolution; }
     bool GetScreenReader(bool& running) override
     {
         if (m_bReaderKnown)
@@ -113,6 +114,16 @@ TEST(VeskData, ResolutionScalesAsMulDivRounds)
         EXPECT_EQ(vesk->ScaleX(INT_MAX), -1); // overflow
         EXPECT_EQ(vesk->ScaleX(-INT_MAX), -1);
         EXPECT_EQ(vesk->UnScaleX(INT_MAX), 1431655765);
+    }
+    {
+        ScriptedSystemInfo info; // each axis scales by its own resolution
+        info.m_nResolution = 120;
+        info.m_nResolutionY = 192;
+        Started vesk(&info);
+        EXPECT_EQ(vesk->ScaleX(96), 120);
+        EXPECT_EQ(vesk->ScaleY(96), 192);
+        EXPECT_EQ(vesk->UnScaleX(120), 96);
+        EXPECT_EQ(vesk->UnScaleY(192), 96);
     }
     for (const char* dpi : {"0", "12x"}) {
         test::EnvGuard guard("VESK_DPI", dpi);

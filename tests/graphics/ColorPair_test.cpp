@@ -17,6 +17,9 @@ TEST(ColorPair, IndexUsesTheLowBit)
     EXPECT_EQ(pair[-2], kBlack);
     pair[-1] = kWhite;
     EXPECT_EQ(pair[3], kWhite);
+    const ColorPair& view = pair;
+    EXPECT_EQ(view[2], kBlack);
+    EXPECT_EQ(view[-3], kWhite);
 }
 
 TEST(ColorPair, PercentSignChoosesRaisedOrSunken)
@@ -48,6 +51,9 @@ TEST(RGBAlpha, BytesMixAndPremultiply)
     RGBAlpha p(200, 100, 50, 128);
     p.PreMultiplyAlpha();
     EXPECT_EQ(p, RGBAlpha(100, 50, 25, 128));
+    RGBAlpha opaque(255, 254, 1, 255); // full alpha keeps every channel
+    opaque.PreMultiplyAlpha();
+    EXPECT_EQ(opaque, RGBAlpha(255, 254, 1, 255));
 }
 
 } // namespace

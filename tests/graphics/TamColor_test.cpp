@@ -21,6 +21,7 @@ TEST(TamColor, ConversionsAndViews)
 {
     ExpectRgb(TamColor(), 255, 255, 255);
     ExpectRgb(TamColor(int32_t(0xFF112233)), 0x33, 0x22, 0x11); // high byte ignored
+    ExpectRgb(TamColor(0xAB00112233ul), 0x33, 0x22, 0x11);
     ExpectRgb(TamColor(0xFFFFu, 0x80FFu, 0x1FFFFu), 255, 128, 255); // wider values capped
     TamColor c = Rgb(1, 2, 255);
     EXPECT_EQ(c.GetRed(), 256);

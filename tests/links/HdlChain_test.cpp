@@ -75,4 +75,10 @@ TEST(CommandMap, FirstEntryWinsAndOnceEntriesGoAfterTheirCall)
     map.Add(8, a.GetLink(), true);
     EXPECT_EQ(map.Call(8, &log), 10);
     EXPECT_EQ(map.Call(8, &log), 20);
+    // One that registers itself again as a lasting entry stays registered.
+    a.action = [&] { map.Remove(9), map.Add(9, a.GetLink(), false); };
+    map.Add(9, a.GetLink(), true);
+    EXPECT_EQ(map.Call(9, &log), 10);
+    a.action = nullptr;
+    EXPECT_EQ(map.Call(9, &log), 10);
 }

@@ -21,6 +21,14 @@ TEST(IntlNumber, DefaultsGroupAndPad)
     EXPECT_EQ(Text(intl.GetNum(1234567)), "1,234.567");
 }
 
+TEST(IntlNumber, AsManyDigitsAsDecimalsGetALeadingZero)
+{
+    International intl = WithRecords(CountryTable{});
+    EXPECT_EQ(Text(intl.GetNum(12, 2)), "0.12");
+    EXPECT_EQ(Text(intl.GetNum(-999, 3)), "-0.999");
+    EXPECT_EQ(Text(intl.GetNum(1234, 3)), "1.234");
+}
+
 TEST(IntlNumber, SeparatorsAndLeadingZero)
 {
     International intl = WithRecords(BuiltinCountry(1033));
@@ -44,6 +52,16 @@ TEST(IntlNumber, TrailingZerosCutToAWholeNumber)
     EXPECT_EQ(Text(intl.GetNum(105, 2)), "1.05");
     intl.ChangeNumLeadingZero(false);
     EXPECT_EQ(Text(intl.GetNum(0, 2)), "0");
+}
+
+TEST(IntlCurrency, BuiltinCountriesUseTwoDecimalsExceptLiraAndPeseta)
+{
+    for (CountryType type : BuiltinCountryTypes()) {
+        if (type == 0) // the system's country follows the locale
+            continue;
+        const bool whole = type == 1036 || type == 1044; // Italy, Spain
+        EXPECT_EQ(BuiltinCountry(type).m_nCurrDigits, whole ? 0 : 2) << type;
+    }
 }
 
 TEST(IntlCurrency, EveryLayout)

@@ -56,6 +56,17 @@ TEST(LocaleSource, EachCategoryFollowsItsOwnVariable)
     EXPECT_EQ(UserDefaultLCID(), 4108u);
 }
 
+TEST(LocaleSource, AllCategoriesVariableOverridesEachCategorysOwn)
+{
+    test::EnvGuard all("LC_ALL", "de_DE.UTF-8");
+    test::EnvGuard lang("LANG", "C");
+    test::EnvGuard numeric("LC_NUMERIC", "C");
+    test::EnvGuard time("LC_TIME", "fr_CH.UTF-8");
+    IntlKeys keys = IntlKeysFromLocale();
+    EXPECT_EQ(keys["sShortDate"], "dd.MM.yyyy");
+    EXPECT_EQ(keys["sDecimal"], ",");
+}
+
 TEST(LocaleSource, ProcessLocaleComesFirst)
 {
     LocaleGuard env("de_DE.UTF-8");

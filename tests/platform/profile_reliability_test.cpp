@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <random>
 #include <set>
 #include <thread>
@@ -73,21 +74,26 @@ TEST(ProfileReliability, ThreadsReadingAndWritingOneFileKeepAllKeys)
 {
     vesk::test::TempDir dir;
     std::string file = dir.File("threads.ini");
+    std::atomic<int> writing = 2;
     std::vector<std::thread> threads;
     for (char writer : {'a', 'b'}) {
-        threads.emplace_back([&file, writer] {
-            for (int i = 0; i < 50; ++i)
+        threads.emplace_back([&file, &writing, writer] {
+            for (int i = 0; i < 100; ++i)
                 EXPECT_TRUE(Write(std::string(1, writer) + std::to_string(i), std::to_string(i), file));
+            --writing;
         });
-        threads.emplace_back([&file] {
-            for (int i = 0; i < 500; ++i)
-                Read(u"s", nullptr, file, 1024);
+        // Readers run for as long as anyone writes, so that every write meets reads.
+        threads.emplace_back([&file, &writing] {
+            while (writing > 0) {
+                const std::u16string list = Read(u"s", nullptr, file, 1 << 12);
+                ASSERT_TRUE(list.empty() || list.back() == u'\0');
+            }
         });
     }
     for (std::thread& thread : threads)
         thread.join();
     std::u16string list = Read(u"s", nullptr, file, 1 << 12);
-    EXPECT_EQ(std::count(list.begin(), list.end(), u'\0'), 100);
+    EXPECT_EQ(std::count(list.begin(), list.end(), u'\0'), 200);
 }
 
 TEST(ProfileReliability, AWriterKilledAtRandomLeavesTheOldOrTheNewFile)

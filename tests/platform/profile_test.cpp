@@ -150,15 +150,18 @@ TEST_F(Profile, AWriteToALinkReplacesItsTargetAndKeepsItsMode)
 
 TEST_F(Profile, AWriteFailsInAReadOnlyFolderOrFileAndLeavesTheFileAlone)
 {
-    ASSERT_EQ(::chmod(m_dir.Path().c_str(), 0755), 0);
+    // The modes deny the writer whether it is the owner or, for root, the unprivileged user.
     ASSERT_TRUE(WriteFileText(m_file, "[s]\nk=1\n"));
-    ASSERT_EQ(::chmod(m_file.c_str(), 0644), 0);
-    EXPECT_EQ(RunUnprivileged([&] { return WritePrivateProfileString(u"s", u"k", u"2", m_file); }), 0);
+    auto write = [&] { return RunUnprivileged([&] { return WritePrivateProfileString(u"s", u"k", u"2", m_file); }); };
+    ASSERT_EQ(::chmod(m_dir.Path().c_str(), 0777), 0);
+    ASSERT_EQ(::chmod(m_file.c_str(), 0444), 0);
+    EXPECT_EQ(write(), 0);
+    ASSERT_EQ(::chmod(m_dir.Path().c_str(), 0555), 0);
     ASSERT_EQ(::chmod(m_file.c_str(), 0666), 0);
-    EXPECT_EQ(RunUnprivileged([&] { return WritePrivateProfileString(u"s", u"k", u"2", m_file); }), 0);
+    EXPECT_EQ(write(), 0);
     EXPECT_EQ(ReadFileText(m_file), "[s]\nk=1\n");
     ASSERT_EQ(::chmod(m_dir.Path().c_str(), 0777), 0);
-    EXPECT_EQ(RunUnprivileged([&] { return WritePrivateProfileString(u"s", u"k", u"2", m_file); }), 1);
+    EXPECT_EQ(write(), 1);
     EXPECT_EQ(ReadFileText(m_file), "[s]\nk=2\n");
 }
 

@@ -54,7 +54,7 @@ TEST_F(Settings, TypedValuesLiveInOneFileOfTheConfigDirectory)
 
 TEST_F(Settings, ValuesOfAnotherTypeAndDamagedFilesReadAsAbsentAndStayUntouched)
 {
-    WriteSettingsFile("[ k ]\n number = dword:7 \nbig=dword:4294967296\nsign=dword:-1\nletters=dword:12x\nempty=dword:\n"
+    WriteSettingsFile("[ k ]\n number = dword:7 \nmax=dword:4294967295\nbig=dword:4294967296\nsign=dword:-1\nletters=dword:12x\nempty=dword:\n"
                       "odd=hex:abc\nnothex=hex:zz\nuntyped=hello\n");
     uint32_t number = 99;
     std::u16string text = u"unchanged";
@@ -68,6 +68,8 @@ TEST_F(Settings, ValuesOfAnotherTypeAndDamagedFilesReadAsAbsentAndStayUntouched)
     EXPECT_EQ(number, 99u);
     EXPECT_EQ(text, u"unchanged");
     EXPECT_EQ(binary, std::vector<uint8_t>{9});
+    EXPECT_TRUE(settings::ReadDword(u"k", u"max", number));
+    EXPECT_EQ(number, 4294967295u);
     EXPECT_TRUE(settings::ReadDword(u"k", u"number", number));
     EXPECT_EQ(number, 7u);
 

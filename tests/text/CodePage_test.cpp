@@ -64,6 +64,12 @@ TEST(CodePage, ConvertsEachSupportedPage)
     EXPECT_EQ(DecodeAll(1251, "\xC6\xFF").text, u"\u0416\u044F");
     EXPECT_EQ(DecodeAll(1253, "\xC8\xE1").text, u"\u0398\u03B1");
     EXPECT_EQ(DecodeAll(1254, "\xD0\xFE").text, u"\u011E\u015F");
+    // Bytes where each Windows page differs from its ISO-8859 neighbour.
+    EXPECT_EQ(DecodeAll(1250, "\x80\xA1").text, u"\u20AC\u02C7");
+    EXPECT_EQ(DecodeAll(1251, "\x80\xA1").text, u"\u0402\u040E");
+    EXPECT_EQ(DecodeAll(1253, "\x80\xA2").text, u"\u20AC\u0386");
+    EXPECT_EQ(DecodeAll(1254, "\x80\x8A").text, u"\u20AC\u0160");
+    EXPECT_EQ(EncodeAll(1254, u"\u20AC\u0160"), "\x80\x8A");
     EXPECT_EQ(EncodeAll(1251, u"\u0416\u044F"), "\xC6\xFF");
     EXPECT_EQ(EncodeAll(0, u"\u20AC"), "\x80");
     EXPECT_EQ(EncodeAll(65001, u"\U0001F600"), "\xF0\x9F\x98\x80");

@@ -2,6 +2,8 @@
 
 #include <vesk/text.hpp>
 
+#include <limits>
+
 using namespace vesk;
 using namespace vesk::test;
 
@@ -83,6 +85,14 @@ TEST(SStringAppend, NumbersAppendTheirDecimalText)
     s += -2147483647 - 1;
     s += 4294967295u;
     EXPECT_EQ(s, "65A-32768-21474836484294967295");
+    // `long` has 64 bits: nothing is cut to 32.
+    SString wide;
+    wide += std::numeric_limits<long>::min();
+    wide += ' ';
+    wide += std::numeric_limits<unsigned long>::max();
+    EXPECT_EQ(wide, "-9223372036854775808 18446744073709551615");
+    EXPECT_EQ(SString(-5LL), "-5");
+    EXPECT_EQ(SString(7ULL), "7");
 }
 
 TEST(SStringAppend, AddSeparatedOnlySeparatesNonEmptyParts)

@@ -92,7 +92,9 @@ TEST(UStringConstruct, NumbersAsDecimalText)
     s += short(-1);
     s += uint64_t(5);
     s += 0.25;
-    EXPECT_EQ(Text(s), u"n=-15" u"0.250000");
+    s += -3LL;
+    EXPECT_EQ(Text(s), u"n=-15" u"0.250000-3");
+    EXPECT_EQ(Text(UString(1ULL << 40)), u"1099511627776");
 }
 
 TEST(UStringAppend, TextCharactersAndSeparators)

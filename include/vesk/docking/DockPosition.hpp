@@ -15,6 +15,8 @@
 
 namespace vesk {
 
+class Config;
+
 // The orientation a pane is placed with; accepted by PlaceNew and SetDefaults and not used.
 enum DockOrientation : uint32_t {
     DOCK_ORIENT_HORZ = 0,
@@ -130,6 +132,11 @@ public:
     // Writes one position section; the margin side and neighbours only with a name and a
     // storable size.
     ERRCODE WriteToDataBuffer(DataBuffer& buffer) const;
+    // Diagnostic dump and profile persistence: part of the interface, they do nothing (saved
+    // layouts go through the data buffer).
+    void Dump() const {}
+    void Read(Config&, int) {}
+    void Write(Config&, int) {}
 
     // Whether every field, the minimum size and floating flag included, is equal.
     bool operator==(const DockPosition& p) const;

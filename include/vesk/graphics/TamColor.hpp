@@ -23,6 +23,8 @@ public:
     explicit TamColor(uint32_t colorRef);
     // From a platform colour value held in a signed integer.
     explicit TamColor(int32_t colorRef) : TamColor(static_cast<uint32_t>(colorRef)) {}
+    // From a platform colour value held in an `unsigned long` (64 bits here; the low 32 count).
+    explicit TamColor(unsigned long colorRef) : TamColor(static_cast<uint32_t>(colorRef)) {}
     // From 16-bit-scale channels: each becomes min(v >> 8, 255).
     TamColor(uint32_t red, uint32_t green, uint32_t blue);
     // From an HTML colour text "#RRGGBB": characters 1 to 6 are read with GetHexValue, the

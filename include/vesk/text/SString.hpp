@@ -38,7 +38,7 @@ struct SStringData;
 // Integer widths follow the original 32-bit platform, where `long` has 32 bits: its `long`
 // members are the `int` and `unsigned int` ones here (same text, and `operator int` is its
 // `operator long`, saturating at 32 bits like atol); its 64-bit members take int64_t and
-// uint64_t, so a Linux `long` argument is formatted in full.
+// uint64_t, so a Linux `long` argument is formatted (or appended) in full.
 class VESK_API SString {
 public:
     // The empty string (the shared empty record, never allocated).
@@ -65,6 +65,9 @@ public:
     SString(int64_t value);
     // Decimal digits of a 64-bit value.
     SString(uint64_t value);
+    // The same for `long long` (int64_t is `long` here, so these would otherwise be ambiguous).
+    SString(long long value) : SString(int64_t(value)) {}
+    SString(unsigned long long value) : SString(uint64_t(value)) {}
     // Copy of a zero-terminated text cut to STRING_MAXLEN; null gives the empty string.
     SString(const char* text);
     // `length` bytes of `text` from `index` (STRING_LEN: up to the zero). With `isTerminated`
@@ -91,6 +94,9 @@ public:
     SString& operator+=(short value);
     SString& operator+=(int value);
     SString& operator+=(unsigned int value);
+    // `long` has 64 bits here: the full value is appended.
+    SString& operator+=(long value);
+    SString& operator+=(unsigned long value);
 
     // Appends `separator` when this string, `separator` and `text` are non-empty, then `text`.
     void AddSeparated(const SString& text, const SString& separator);

@@ -69,6 +69,9 @@ public:
     UString(int64_t value);
     // Decimal digits of a 64-bit value.
     UString(uint64_t value);
+    // The same for `long long`, which int64_t is not here.
+    UString(long long value) : UString(int64_t(value)) {}
+    UString(unsigned long long value) : UString(uint64_t(value)) {}
     // Releases the record.
     ~UString();
 
@@ -90,6 +93,8 @@ public:
     UString& operator+=(unsigned int value);
     UString& operator+=(int64_t value);
     UString& operator+=(uint64_t value);
+    UString& operator+=(long long value) { return *this += int64_t(value); }
+    UString& operator+=(unsigned long long value) { return *this += uint64_t(value); }
     // Appends the "%f" text of `value`.
     UString& operator+=(double value);
 
