@@ -28,6 +28,17 @@ const DockPaneElement* FindDocked(const DockElementVec& elements, const Dockable
     return nullptr;
 }
 
+// Whether `nb`, adjacent to `r` on side `align`, shares a piece of that side with it rather
+// than touching it at a corner only.
+bool SharesSide(const CRectangle& nb, const CRectangle& r, uint32_t align)
+{
+    if (align == CBRS_NOALIGN)
+        return false;
+    if (ImpIsHorizontalAlign(align))
+        return std::max(nb.Left(), r.Left()) < std::min(nb.Right(), r.Right());
+    return std::max(nb.Top(), r.Top()) < std::min(nb.Bottom(), r.Bottom());
+}
+
 } // namespace
 
 FreeSpaceElement* DockElement::FindFreeSpaceElement(const DockElementVec& elements)
@@ -88,17 +99,19 @@ void DockElement::FillDockPosition(const DockElementVec& elements, const Dockabl
         // A band of its own: docked at the frame edge facing away from the free space.
         pos.SetMarginAlign(InvertAlign(GetNeighbourAlign(fs, r)));
     }
-    // Every pane and the free space it touches, up to what a stored position may hold.
+    // Every pane and the free space that shares a piece of side with it, up to what a stored
+    // position may hold.
     DockPaneElementVec docked;
     for (const auto& top : elements)
         top->FillDockPaneElementVec(docked, DockNameSet());
     for (const DockPaneElement* nb : docked) {
         if (pos.GetNeighbourVec().size() >= DOCK_NEIGHBOUR_LIMIT)
             return;
-        if (nb != el && nb != sibling && GetNeighbourAlign(nb->GetRect(), r) != CBRS_NOALIGN)
+        if (nb != el && nb != sibling && SharesSide(nb->GetRect(), r, GetNeighbourAlign(nb->GetRect(), r)))
             AddNeighbour(pos, nb, el, false);
     }
-    if (fs && pos.GetNeighbourVec().size() < DOCK_NEIGHBOUR_LIMIT && GetNeighbourAlign(fs->GetRect(), r) != CBRS_NOALIGN)
+    if (fs && pos.GetNeighbourVec().size() < DOCK_NEIGHBOUR_LIMIT &&
+        SharesSide(fs->GetRect(), r, GetNeighbourAlign(fs->GetRect(), r)))
         AddNeighbour(pos, fs, el, false);
 }
 
