@@ -292,3 +292,47 @@ TEST(DockElement, OrphanShellsGiveWayToTheirChild)
     EXPECT_EQ(shell->GetLeft(), nullptr);
     EXPECT_EQ(HolderElement().RemoveOrphanShells(), nullptr);
 }
+
+TEST(DockElement, RefreshFloatAndOuterNeighbours)
+{
+    TestPane a("A", CRectangle(0, 0, 100, 200));
+    TestPane b("B", CRectangle(105, 0, 305, 200));
+    auto holder = Hold(Docked(a), Docked(b));
+    a.m_aRect = CRectangle(0, 0, 150, 200);
+    b.m_aRect = CRectangle(155, 0, 305, 200);
+    holder->RefreshRectStatic();
+    EXPECT_EQ(holder->GetLeft()->GetRect(), CRectangle(0, 0, 100, 200));
+    holder->RefreshRect();
+    EXPECT_EQ(holder->GetLeft()->GetRect(), a.m_aRect);
+    EXPECT_DOUBLE_EQ(holder->GetLeftFract(), 0.5);
+    holder->CalcFract(CRectangle(0, 0, 30, 10), CRectangle(35, 0, 125, 10));
+    EXPECT_DOUBLE_EQ(holder->GetLeftFract(), 0.25);
+    holder->SetLeftFract(0.5);
+    holder->ScaleRect(2.0, 0.5);
+    EXPECT_EQ(holder->GetRect(), CRectangle(0, 0, 610, 100));
+    EXPECT_EQ(holder->GetRight()->GetRect(), CRectangle(310, 0, 610, 100));
+
+    EXPECT_TRUE(holder->Float());
+    EXPECT_EQ(a.m_nFloats + b.m_nFloats, 2);
+    EXPECT_FALSE(DockPaneElement().Float());
+    HiddenPaneElement hidden(&a, DockPosition());
+    EXPECT_TRUE(hidden.Float());
+    EXPECT_TRUE(hidden.GetDockPosition().IsFloating());
+
+    // A floating pane takes its mini-frame's rectangle when it has one.
+    a.m_aMiniFrame = CRectangle(500, 500, 700, 650);
+    EXPECT_EQ(FloatingPaneElement(&a).GetRect(), a.m_aMiniFrame);
+    a.m_aMiniFrame = CRectangle();
+    EXPECT_EQ(FloatingPaneElement(&a).GetRect(), a.m_aRect);
+
+    // Outer lies between the frame edge and Inner, which lies next to the free space.
+    TestPane outer("Outer", CRectangle(0, 0, 100, 500));
+    TestPane inner("Inner", CRectangle(105, 0, 200, 500));
+    DockElementVec elements;
+    elements.push_back(Docked(outer));
+    elements.push_back(Docked(inner));
+    elements.push_back(std::make_unique<FreeSpaceElement>(CRectangle(205, 0, 800, 500), nullptr));
+    EXPECT_EQ(elements[0]->CheckIfOuterNeighbourOfEl(elements[1].get(), elements), NT_LEFT);
+    EXPECT_EQ(elements[1]->CheckIfOuterNeighbourOfEl(elements[0].get(), elements), NT_NONE);
+    EXPECT_EQ(elements[2]->CheckIfOuterNeighbourOfEl(elements[1].get(), elements), NT_NONE);
+}

@@ -178,8 +178,7 @@ public:
     // Fills `pos` for `pane` from the layout (see the docking section of ARCHITECTURE.md):
     // size and position of its rectangle, its frame edge when it is a band of its own, its
     // holder sibling and every pane and the free space it shares a piece of side with as
-    // neighbours. `pos` is left
-    // alone when the pane is not docked in the layout.
+    // neighbours. `pos` is left alone when the pane is not docked in the layout.
     static void FillDockPosition(const DockElementVec& elements, const DockablePane* pane, DockPosition& pos);
     // Attaches to every top-level element the others it touches (AddRelation).
     static void DetNeighboursFromRects(DockElementVec& elements);
