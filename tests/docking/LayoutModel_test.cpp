@@ -210,3 +210,16 @@ TEST(LayoutModel, BadInputIsRefusedOrContained)
     EXPECT_EQ(model.GetSolution(), before);
     EXPECT_EQ(model.GetPaneCount(), 2u);
 }
+
+TEST(LayoutModel, MinimumsThatDoNotFitShareTheRoomInProportion)
+{
+    LayoutModel model(TamSize(200, 100), 96);
+    model.AddBand(LayoutEdge::Left, "A", 200, TamSize(300, 0), false);
+    model.DockIntoPane("B", "A", LayoutEdge::Right, 50, TamSize(100, 0));
+    // The band takes all it may (195); its 190 pixels of room go 300 : 100.
+    const LayoutSolution& s = model.GetSolution();
+    EXPECT_EQ(s.panes[0].rect, (LayoutRect{0, 0, 143, 100}));
+    EXPECT_EQ(s.panes[1].rect, (LayoutRect{148, 0, 47, 100}));
+    EXPECT_EQ(s.freeSpace, (LayoutRect{200, 0, 0, 100}));
+    EXPECT_EQ(s.dividers[1].nLow, s.dividers[1].nHigh);
+}

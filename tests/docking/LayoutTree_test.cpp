@@ -221,6 +221,12 @@ TEST(LayoutTree, NeighboursFromRectsAndRowsIntoHolders)
     TestPane a("A", CRectangle(0, 0, 100, 200));
     TestPane b("B", CRectangle(105, 0, 305, 200));
     TestPane c("C", CRectangle(310, 0, 400, 201));
+    // As tall as A and beside its right edge, but lower down: not in its row.
+    TestPane low("Low", CRectangle(105, 500, 200, 700));
+    DockElementVec apart;
+    apart.push_back(Docked(a));
+    apart.push_back(Docked(low));
+    EXPECT_EQ(DockElement::PutRowIntoHolders(apart), 0);
     DockElementVec row;
     row.push_back(Docked(c));
     row.push_back(Docked(a));
