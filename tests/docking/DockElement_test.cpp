@@ -203,6 +203,12 @@ TEST(DockElement, NumbersCopiesAndDuplicates)
     EXPECT_EQ(copy->GetParent(), nullptr);
     EXPECT_EQ(copy->GetRelations().size(), 1u);
     EXPECT_EQ(bare->GetRelations().size(), 0u);
+    // Relations are copied without relations of their own.
+    DockPaneElement outer(&b);
+    outer.AddRelation(&el, true);
+    ASSERT_EQ(outer.GetRelations().size(), 1u);
+    EXPECT_EQ(outer.GetRelations()[0]->GetRelations().size(), 1u);
+    EXPECT_EQ(outer.Duplicate(true)->GetRelations()[0]->GetRelations().size(), 0u);
 
     // A holder's duplicate copies its children and fraction too.
     auto holder = Hold(Docked(a), Docked(b));
