@@ -105,20 +105,14 @@ std::unique_ptr<DockElement> HolderElement::ReleaseChild(int i)
 
 SString HolderElement::GetIdentifier() const
 {
-    SString id("Holder: ");
+    std::string id("Holder: ");
     const SString left = m_pLeft ? m_pLeft->GetIdentifier() : SString();
     const SString right = m_pRight ? m_pRight->GetIdentifier() : SString();
-    if (left.Len() != 0) {
-        id += "L(";
-        id += left;
-        id += ")";
-    }
-    if (right.Len() != 0) {
-        id += " R(";
-        id += right;
-        id += ")";
-    }
-    return id;
+    if (left.Len() != 0)
+        id.append("L(").append(static_cast<const char*>(left)).append(")");
+    if (right.Len() != 0)
+        id.append(" R(").append(static_cast<const char*>(right)).append(")");
+    return SString(id.c_str());
 }
 
 SString HolderElement::GetStr() const
