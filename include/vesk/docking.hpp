@@ -1,6 +1,12 @@
 #pragma once
 
-// Docking: the data buffer of the stored records, dock positions and their neighbours.
+// Docking: the data buffer of the stored records, dock positions and their neighbours, and the
+// dock layout tree.
 #include <vesk/docking/DataBuffer.hpp>
 #include <vesk/docking/DockNeighbour.hpp>
 #include <vesk/docking/DockPosition.hpp>
+#include <vesk/docking/DockablePane.hpp>
+#include <vesk/docking/DockElement.hpp>
+#include <vesk/docking/FreeSpaceElement.hpp>
+#include <vesk/docking/HolderElement.hpp>
+#include <vesk/docking/PaneElement.hpp>
