@@ -1,7 +1,8 @@
 #pragma once
 
 // The drawing context behind OutputDevice, shared with the layers that lend devices their
-// contexts (the window layer's DCManager registers a WindowContextSource).
+// contexts (the window layer's DCManager registers a WindowContextSource). Exported for
+// that layer and the tests, not part of the public headers.
 
 #include <vesk/graphics/OutputDevice.hpp>
 
@@ -15,8 +16,8 @@ struct DeviceContext
     cairo_t* cr;              // the plain family's context over the surface
 
     // A context over `surface` (referenced); null when Cairo cannot make one.
-    static DeviceContext* Create(cairo_surface_t* surface);
-    static void Delete(DeviceContext* dc);
+    VESK_API static DeviceContext* Create(cairo_surface_t* surface);
+    VESK_API static void Delete(DeviceContext* dc);
 };
 
 // Lends window devices (kind 1) their contexts.
@@ -30,6 +31,6 @@ public:
 
 // Installs the source of window contexts (null: none, window devices then draw nothing);
 // returns the previous one.
-WindowContextSource* SetWindowContextSource(WindowContextSource* source);
+VESK_API WindowContextSource* SetWindowContextSource(WindowContextSource* source);
 
 } // namespace vesk
