@@ -18,6 +18,8 @@ struct DeviceContext
     // A context over `surface` (referenced); null when Cairo cannot make one.
     VESK_API static DeviceContext* Create(cairo_surface_t* surface);
     VESK_API static void Delete(DeviceContext* dc);
+    // Replaces a context that Cairo has put in an error state by a fresh one.
+    void Renew();
 };
 
 // Lends window devices (kind 1) their contexts.

@@ -139,16 +139,20 @@ DeviceGraphics::DeviceGraphics(OutputDevice& device) : m_rDevice(device)
 
 DeviceGraphics::~DeviceGraphics()
 {
-    if (m_pCr)
+    if (m_pCr) {
+        cairo_new_path(m_pCr); // the path is not part of the saved state
         cairo_restore(m_pCr);
+    }
 }
 
 HQGraphics::HQGraphics(OutputDevice& device, Smoothing smoothing) : m_rDevice(device)
 {
-    DeviceContext* dc = device.GethDC();
-    if (!dc)
+    m_pDC = device.GethDC();
+    if (!m_pDC)
         return;
-    m_pCr = cairo_create(dc->surface);
+    // The call's drawing state is a saved frame on the device's context, dropped on return.
+    m_pCr = m_pDC->cr;
+    cairo_save(m_pCr);
     static constexpr cairo_antialias_t modes[] = {CAIRO_ANTIALIAS_NONE, CAIRO_ANTIALIAS_BEST,
                                                   CAIRO_ANTIALIAS_GOOD};
     cairo_set_antialias(m_pCr, modes[static_cast<int>(smoothing)]);
@@ -160,9 +164,13 @@ bool HQGraphics::Finish()
     if (!m_pCr || m_bFinished)
         return m_pCr && !m_bFailed;
     m_bFinished = true;
-    if (cairo_status(m_pCr) != CAIRO_STATUS_SUCCESS)
+    cairo_new_path(m_pCr); // the path is not part of the saved state
+    cairo_restore(m_pCr);
+    if (cairo_status(m_pCr) != CAIRO_STATUS_SUCCESS) {
+        // A Cairo context stays in error once it fails; the device gets a fresh one.
         m_bFailed = true;
-    cairo_destroy(m_pCr);
+        m_pDC->Renew();
+    }
     if (m_bFailed)
         m_rDevice.IncGdiPlusError();
     return !m_bFailed;

@@ -1,8 +1,8 @@
 #pragma once
 
-// Per-call drawing state of an OutputDevice. DeviceGraphics serves the plain family on the
-// device's own context; HQGraphics makes a fresh context for one anti-aliased call and counts
-// a failure on the device when it ends.
+// Per-call drawing state of an OutputDevice, a saved frame on the device's context that the
+// call drops before it returns. DeviceGraphics serves the plain family; HQGraphics serves one
+// anti-aliased call and counts a failure on the device when it ends.
 
 #include "graphics/DeviceContext.hpp"
 
@@ -60,8 +60,8 @@ enum class Smoothing {
     AntiAlias,   // 4
 };
 
-// One HQ call's own context over the device's surface. Fail() records a failure; Finish()
-// (or the destructor) checks Cairo's status and counts one drawing error for the call.
+// One HQ call's drawing state. Fail() records a failure; Finish() (or the destructor) checks
+// Cairo's status and counts one drawing error for the call.
 class HQGraphics
 {
 public:
@@ -79,6 +79,7 @@ public:
 
 private:
     OutputDevice& m_rDevice;
+    DeviceContext* m_pDC = nullptr;
     cairo_t* m_pCr = nullptr;
     bool m_bFailed = false;
     bool m_bFinished = false;

@@ -37,6 +37,12 @@ DeviceContext* DeviceContext::Create(cairo_surface_t* surface)
     return new DeviceContext{cairo_surface_reference(surface), cr};
 }
 
+void DeviceContext::Renew()
+{
+    cairo_destroy(cr);
+    cr = cairo_create(surface);
+}
+
 void DeviceContext::Delete(DeviceContext* dc)
 {
     if (!dc)
