@@ -68,11 +68,16 @@ void OutputDevice::ReleaseDevice()
 {
     if (m_bExtern)
         return;
+    ReleaseContext();
+    DeleteDrawingTools();
+}
+
+void OutputDevice::ReleaseContext()
+{
     // Tools are applied afresh to every drawing call, so nothing stays selected in the
     // context that would have to be put back.
-    if (m_hDC)
+    if (m_hDC && !m_bExtern)
         DeleteContext(std::exchange(m_hDC, nullptr));
-    DeleteDrawingTools();
 }
 
 void OutputDevice::SetHDCFromExtern(DeviceContext* dc)

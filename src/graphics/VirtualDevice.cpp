@@ -39,7 +39,7 @@ bool VirtualDevice::SetOutputSize(const TamSize& size)
         cairo_surface_destroy(s);
         return false;
     }
-    ReleaseDevice();
+    ReleaseContext();
     cairo_surface_destroy(Native(m_pSurface));
     m_pSurface = reinterpret_cast<VirtualSurface*>(s);
     return true;

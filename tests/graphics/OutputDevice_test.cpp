@@ -209,8 +209,11 @@ TEST(VirtualDevice, RefusesAbsurdSizesWithoutLosingThePicture)
         EXPECT_FALSE(d.SetOutputSize(bad));
     EXPECT_EQ(d.GetOutputSize(), TamSize(3, 2));
     EXPECT_EQ(d.GetPixel(TamPoint(1, 1)), 0x0000FFu);
+    d.ChangePen(Pen(kRed));
     EXPECT_TRUE(d.SetOutputSize(TamSize(VirtualDevice::MAX_SIDE, 1)));
     EXPECT_EQ(d.GetPixel(TamPoint(1, 0)), 0u);
+    d.DrawLine(TamPoint(100, 0), TamPoint(200, 0)); // on the new picture, with the kept pen
+    EXPECT_EQ(d.GetPixel(TamPoint(150, 0)), 0x0000FFu);
 }
 
 TEST(Text, HintFollowsHeightAndClearType)

@@ -176,6 +176,8 @@ protected:
     virtual DeviceContext* CreateContext();
     // Gives back or deletes a context CreateContext made.
     virtual void DeleteContext(DeviceContext* dc);
+    // Gives back or deletes the context as ReleaseDevice does, keeping the tools.
+    void ReleaseContext();
     // The text state, made on first use.
     TextCache& GetTextCache();
 

@@ -23,7 +23,7 @@ public:
     ~VirtualDevice() override;
 
     // Gives the device a new picture of `size`, all pixels transparent black; the old one is
-    // dropped. Refused (false, nothing allocated, the old picture kept) for a side of 0 or
+    // dropped, the tools are kept. Refused (false, nothing allocated, the old picture kept) for a side of 0 or
     // less or a size beyond the limits.
     bool SetOutputSize(const TamSize& size);
     // The picture's size; (0, 0) without one.
