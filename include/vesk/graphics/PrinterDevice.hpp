@@ -20,8 +20,8 @@ public:
 
     // Ends the current page; the next drawing goes onto a new one.
     void NewPage();
-    // Completes the document: ERR_OK when it was written, ERR_FAILURE when nothing was drawn
-    // or the file could not be written.
+    // Completes the document (one empty page when nothing was drawn): ERR_OK when it was
+    // written, ERR_FAILURE when the file could not be made or written.
     ERRCODE EndDoc();
 
 protected:
