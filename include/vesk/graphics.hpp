@@ -5,3 +5,18 @@
 #include <vesk/graphics/ColorPair.hpp>
 #include <vesk/graphics/RGBAlpha.hpp>
 #include <vesk/graphics/TamColor.hpp>
+
+// Drawing tools and gradients.
+#include <vesk/graphics/Brush.hpp>
+#include <vesk/graphics/Font.hpp>
+#include <vesk/graphics/Gradient.hpp>
+#include <vesk/graphics/GradientBrush.hpp>
+#include <vesk/graphics/Pen.hpp>
+#include <vesk/graphics/Polygon.hpp>
+#include <vesk/graphics/Region.hpp>
+#include <vesk/graphics/Texture.hpp>
+
+// Drawing surfaces: the output device, off-screen pictures and PDF printing.
+#include <vesk/graphics/OutputDevice.hpp>
+#include <vesk/graphics/PrinterDevice.hpp>
+#include <vesk/graphics/VirtualDevice.hpp>

@@ -1,0 +1,41 @@
+#pragma once
+
+// Bridges between the library's drawing tools and Cairo: the opaque records behind Region and
+// GradientBrush, and colour conversion.
+
+#include <vesk/graphics/GradientBrush.hpp>
+#include <vesk/graphics/Region.hpp>
+#include <vesk/graphics/TamColor.hpp>
+
+#include <cairo.h>
+
+namespace vesk {
+
+struct RegionAccess
+{
+    static cairo_region_t* Get(const Region& r) { return reinterpret_cast<cairo_region_t*>(r.m_pData); }
+};
+
+struct GradientBrushAccess
+{
+    static cairo_pattern_t* Get(const GradientBrush& b)
+    {
+        return reinterpret_cast<cairo_pattern_t*>(b.m_pData);
+    }
+    // Takes over `pattern`; a pattern in an error state gives an invalid brush.
+    static GradientBrush Make(cairo_pattern_t* pattern, bool antiAlias);
+};
+
+// Sets `color` as the source at alpha / 255.
+inline void SetSourceColor(cairo_t* cr, const TamColor& color, unsigned alpha = 255)
+{
+    cairo_set_source_rgba(cr, color.GetFRed(), color.GetFGreen(), color.GetFBlue(), alpha / 255.0);
+}
+
+// The alpha byte of an opacity in percent: percent * 255 / 100 in integer arithmetic, low 8 bits.
+inline unsigned OpacityAlpha(unsigned percent)
+{
+    return (percent * 255u / 100u) & 0xFFu;
+}
+
+} // namespace vesk

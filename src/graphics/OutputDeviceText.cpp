@@ -1,0 +1,193 @@
+#include <vesk/graphics/OutputDevice.hpp>
+
+#include "graphics/Cairo_p.hpp"
+#include "graphics/DeviceGraphics_p.hpp"
+#include "graphics/TextCache_p.hpp"
+#include "platform/utf.hpp"
+
+#include <cmath>
+
+namespace vesk {
+namespace {
+
+std::string Utf8(const UString& s)
+{
+    return platform::Utf16ToUtf8(std::u16string_view(static_cast<const char16_t*>(s), s.Len()));
+}
+
+// The logical box of a layout in pixels (width, height).
+PangoRectangle Logical(PangoLayout* layout)
+{
+    PangoRectangle r;
+    pango_layout_get_pixel_extents(layout, nullptr, &r);
+    return r;
+}
+
+// Draws `layout` with its top-left corner at (x, y) in the font's colour, on the font's fill
+// colour unless the font is transparent.
+void ShowLayout(cairo_t* cr, PangoLayout* layout, const Font& font, double x, double y, bool background)
+{
+    if (background && !font.IsTransparent()) {
+        const PangoRectangle r = Logical(layout);
+        SetSourceColor(cr, font.GetFillColor());
+        cairo_rectangle(cr, x, y, r.width, r.height);
+        cairo_fill(cr);
+    }
+    SetSourceColor(cr, font.GetColor());
+    cairo_move_to(cr, x, y);
+    pango_cairo_show_layout(cr, layout);
+}
+
+} // namespace
+
+void OutputDevice::DrawText(const TamPoint& pos, const SString& text)
+{
+    DrawTextW(pos, UString(text));
+}
+
+void OutputDevice::DrawTextW(const TamPoint& pos, const UString& text)
+{
+    DeviceGraphics g(*this);
+    if (!g || !Drawable(double(pos.x), double(pos.y)))
+        return;
+    TextCache& t = GetTextCache();
+    PangoLayout* layout = t.MakeLayout(g.cr(), Utf8(text), false);
+    ShowLayout(g.cr(), layout, t.font, pos.x, pos.y, true);
+    g_object_unref(layout);
+}
+
+TamSize OutputDevice::GetTextSize(const SString& text)
+{
+    return GetTextSizeW(UString(text));
+}
+
+TamSize OutputDevice::GetTextSizeW(const UString& text)
+{
+    DeviceGraphics g(*this);
+    if (!g)
+        return TamSize(0, 0);
+    PangoLayout* layout = GetTextCache().MakeLayout(g.cr(), Utf8(text), false);
+    const PangoRectangle r = Logical(layout);
+    g_object_unref(layout);
+    return TamSize(r.width, r.height);
+}
+
+void OutputDevice::DrawStretchText(const TamPoint& pos, const SString& text, int32_t width)
+{
+    DeviceGraphics g(*this);
+    if (!g || !Drawable(double(pos.x), double(pos.y)) || !Drawable(double(width)))
+        return;
+    TextCache& t = GetTextCache();
+    const auto& advances = t.GetAdvances(g.cr());
+    const unsigned n = text.Len();
+    const char* bytes = text;
+    int64_t total = 0;
+    for (unsigned i = 0; i < n; ++i)
+        total += advances[static_cast<unsigned char>(bytes[i])];
+    const int64_t span = width > 0 ? width : total;
+    // Each character starts at its share of the span: the running sum of natural advances
+    // scaled by span / total, so that the last one ends exactly at the span.
+    auto place = [&](int64_t sum) { return total > 0 ? pos.x + sum * span / total : double(pos.x); };
+    if (!t.font.IsTransparent()) {
+        PangoLayout* probe = t.MakeLayout(g.cr(), "X", false);
+        SetSourceColor(g.cr(), t.font.GetFillColor());
+        cairo_rectangle(g.cr(), pos.x, pos.y, double(span), Logical(probe).height);
+        cairo_fill(g.cr());
+        g_object_unref(probe);
+    }
+    int64_t sum = 0;
+    for (unsigned i = 0; i < n; ++i) {
+        const unsigned char c = static_cast<unsigned char>(bytes[i]);
+        const UString one(static_cast<char>(c));
+        PangoLayout* layout = t.MakeLayout(g.cr(), Utf8(one), false);
+        ShowLayout(g.cr(), layout, t.font, place(sum), pos.y, false);
+        g_object_unref(layout);
+        sum += advances[c];
+    }
+}
+
+void OutputDevice::DrawRotatedText(const CRectangle& r, const SString& text, double degrees)
+{
+    DeviceGraphics g(*this);
+    if (!g || r.IsEmpty() || !Drawable(double(r.Left()), double(r.Top()), double(r.Right()), double(r.Bottom())) ||
+        !std::isfinite(degrees))
+        return;
+    TextCache& t = GetTextCache();
+    cairo_t* cr = g.cr();
+    PangoLayout* layout = t.MakeLayout(cr, Utf8(UString(text)), false);
+    const PangoRectangle box = Logical(layout);
+    cairo_translate(cr, (double(r.Left()) + r.Right() + 1) / 2, (double(r.Top()) + r.Bottom() + 1) / 2);
+    cairo_rotate(cr, -degrees * M_PI / 180);
+    pango_cairo_update_layout(cr, layout);
+    ShowLayout(cr, layout, t.font, -box.width / 2.0, -box.height / 2.0, false);
+    g_object_unref(layout);
+}
+
+bool OutputDevice::DrawTextHQ(const FPoint& pos, const SString& text)
+{
+    return DrawTextWHQ(pos, UString(text));
+}
+
+bool OutputDevice::DrawTextWHQ(const FPoint& pos, const UString& text)
+{
+    bool ok;
+    {
+        HQGraphics g(*this, Smoothing::None);
+        if (!g)
+            return false;
+        if (Drawable(pos.x, pos.y)) {
+            TextCache& t = GetTextCache();
+            PangoLayout* layout = t.MakeLayout(g.cr(), Utf8(text), true);
+            ShowLayout(g.cr(), layout, t.font, pos.x, pos.y, false);
+            g_object_unref(layout);
+        } else {
+            g.Fail();
+        }
+        ok = g.Finish();
+    }
+    if (!ok)
+        DrawTextW(TamPoint(int32_t(std::isfinite(pos.x) ? std::trunc(pos.x) : 0),
+                           int32_t(std::isfinite(pos.y) ? std::trunc(pos.y) : 0)),
+                  text);
+    return ok;
+}
+
+bool OutputDevice::DrawTextHQVertical(const FPoint& pos, const SString& text)
+{
+    HQGraphics g(*this, Smoothing::None);
+    if (!g)
+        return false;
+    if (!Drawable(pos.x, pos.y)) {
+        g.Fail();
+        return g.Finish();
+    }
+    TextCache& t = GetTextCache();
+    cairo_t* cr = g.cr();
+    cairo_translate(cr, pos.x, pos.y);
+    cairo_rotate(cr, -M_PI / 2);
+    PangoLayout* layout = t.MakeLayout(cr, Utf8(UString(text)), true);
+    ShowLayout(cr, layout, t.font, 0, 0, false);
+    g_object_unref(layout);
+    return g.Finish();
+}
+
+FSize OutputDevice::GetTextSizeHQ(const SString& text)
+{
+    return GetTextSizeWHQ(UString(text));
+}
+
+FSize OutputDevice::GetTextSizeWHQ(const UString& text)
+{
+    HQGraphics g(*this, Smoothing::None);
+    if (!g)
+        return FSize(0, 0);
+    PangoLayout* layout = GetTextCache().MakeLayout(g.cr(), Utf8(text), true);
+    PangoRectangle r;
+    // Logical extents keep trailing spaces, as measuring must.
+    pango_layout_get_extents(layout, nullptr, &r);
+    g_object_unref(layout);
+    g.Finish();
+    return FSize(double(r.width) / PANGO_SCALE, double(r.height) / PANGO_SCALE);
+}
+
+} // namespace vesk

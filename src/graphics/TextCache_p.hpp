@@ -1,0 +1,44 @@
+#pragma once
+
+// A device's text state: its Pango context and the font descriptions of the current font,
+// made once per font rather than once per call.
+
+#include <vesk/graphics/Font.hpp>
+
+#include <pango/pangocairo.h>
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace vesk {
+
+struct TextCache
+{
+    TextCache();
+    ~TextCache();
+    TextCache(const TextCache&) = delete;
+    TextCache& operator=(const TextCache&) = delete;
+
+    // Takes `font` as the current font; drops descriptions and advances of the previous one.
+    void SetFont(const Font& font);
+
+    // A layout of UTF-8 `text` for drawing on `cr`: the HQ family (bold from weight 560,
+    // the font's rendering hint) or the plain one (the exact weight, grey anti-aliasing).
+    // The caller unrefs it.
+    PangoLayout* MakeLayout(cairo_t* cr, const std::string& text, bool hq);
+    // The advance in pixels of each byte code in the system code page (made on first use).
+    const std::array<int32_t, 256>& GetAdvances(cairo_t* cr);
+
+    Font font;
+
+private:
+    PangoContext* m_pContext;
+    PangoFontDescription* m_pPlainDesc = nullptr;
+    PangoFontDescription* m_pHQDesc = nullptr;
+    PangoAttrList* m_pAttrs = nullptr;
+    bool m_bHaveAdvances = false;
+    std::array<int32_t, 256> m_aAdvances{};
+};
+
+} // namespace vesk

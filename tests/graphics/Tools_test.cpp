@@ -1,0 +1,73 @@
+#include <vesk/graphics.hpp>
+
+#include <gtest/gtest.h>
+
+namespace vesk {
+namespace {
+
+const TamColor kBlack(0u);
+const TamColor kWhite;
+
+TEST(Region, SetOperationsAndHitTest)
+{
+    Region r(CRectangle(0, 0, 9, 9));
+    r.Union(CRectangle(20, 0, 29, 9));
+    EXPECT_EQ(r.GetRectCount(), 2);
+    EXPECT_EQ(r.GetBoundRect(), CRectangle(0, 0, 29, 9));
+    EXPECT_TRUE(r.IsInside(TamPoint(9, 9)));   // inclusive edges
+    EXPECT_FALSE(r.IsInside(TamPoint(10, 5))); // the gap
+    r.Subtract(CRectangle(0, 0, 4, 9));
+    EXPECT_FALSE(r.IsInside(TamPoint(4, 0)));
+    EXPECT_TRUE(r.IsInside(TamPoint(5, 0)));
+    r.Intersect(CRectangle(0, 5, 100, 100));
+    EXPECT_EQ(r.GetBoundRect(), CRectangle(5, 5, 29, 9));
+    EXPECT_EQ(r.GetRect(0), CRectangle(5, 5, 9, 9));
+    EXPECT_EQ(r.GetRect(7), CRectangle());
+    r.Subtract(Region(r));
+    EXPECT_TRUE(r.IsEmpty());
+    EXPECT_EQ(r.GetBoundRect(), CRectangle());
+}
+
+TEST(Region, OddRectanglesAreOrderedEmptiedOrLimited)
+{
+    EXPECT_EQ(Region(CRectangle(9, 9, 0, 0)), Region(CRectangle(0, 0, 9, 9)));
+    EXPECT_TRUE(Region(CRectangle(0, 0, RECT_EMPTY, 5)).IsEmpty());
+    const Region huge(CRectangle(INT32_MIN + 1, INT32_MIN + 1, INT32_MAX, INT32_MAX));
+    EXPECT_TRUE(huge.IsInside(TamPoint(0, 0)));
+    EXPECT_EQ(huge.GetBoundRect().Right(), (1 << 30) - 1);
+    Region copy = huge;
+    Region moved(std::move(copy));
+    EXPECT_EQ(moved, huge);
+    EXPECT_TRUE(copy.IsEmpty());
+}
+
+TEST(Brush, KindsAndColours)
+{
+    EXPECT_EQ(Brush().GetKind(), BrushKind::Null);
+    const Brush hatch(HatchStyle::Cross, kBlack, kWhite);
+    EXPECT_EQ(hatch.GetKind(), BrushKind::Pattern);
+    EXPECT_EQ(hatch.GetPattern()[3], 0xFF);
+    EXPECT_EQ(hatch.GetPattern()[0], 0x08);
+    const Brush g(VerticalGradient(ColorPair(kBlack, kWhite)));
+    EXPECT_EQ(g.GetColor(), TamColor(0x555555u));
+    // The brush keeps its own copy of the gradient, of the same class.
+    EXPECT_NE(dynamic_cast<const VerticalGradient*>(g.GetGradient()), nullptr);
+    const Texture t(DiagonalGradient(ColorPair(kWhite, kBlack)), 50);
+    EXPECT_EQ(t.GetKind(), Texture::Kind::Gradient);
+    EXPECT_EQ(t.GetColor(), TamColor(0xAAAAAAu));
+    EXPECT_EQ(t.GetBrush().GetKind(), BrushKind::Gradient);
+}
+
+TEST(Font, DrawHeightIsClamped)
+{
+    Font f("DejaVu Sans", 0);
+    EXPECT_EQ(f.GetDrawHeight(), 1);
+    f.SetHeight(-5);
+    EXPECT_EQ(f.GetDrawHeight(), 1);
+    f.SetHeight(INT32_MAX);
+    EXPECT_EQ(f.GetDrawHeight(), Font::MAX_FONT_HEIGHT);
+    EXPECT_EQ(Pen(kBlack, -3).GetDrawWidth(), 1);
+}
+
+} // namespace
+} // namespace vesk
