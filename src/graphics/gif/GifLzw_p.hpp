@@ -39,17 +39,19 @@ public:
 
 private:
     struct Run;
-    bool AddAndVerify(Run& run);
-    bool WalkStale(const Run& run, uint32_t code, const uint8_t*& string, uint32_t& length);
+    template <bool Write>
+    void Loop(Run& run, const uint8_t* limit);
+    bool WalkStale(uint32_t roots, uint32_t code, const uint8_t*& string, uint32_t& length);
 
-    // The chain walk's table: prefix and suffix of every entry. Entries are never cleared by a
-    // clear code, so a code beyond the table can reach an earlier string.
-    uint16_t m_aPrefix[4096];
-    uint8_t m_aSuffix[4096];
-    // Where the entry's string lies in the output and its length; length 0 marks an entry
-    // whose walk breaks.
-    uint32_t m_aPos[4096];
-    uint16_t m_aLen[4096];
+    // The chain walk's table: prefix and suffix of every entry, and a spare slot. Entries are
+    // not cleared by a clear code, so a code beyond the table can reach an earlier string.
+    uint16_t m_aPrefix[4097];
+    uint8_t m_aSuffix[4097];
+    // Where each entry's string can be copied from (the output, or the root bytes), and its
+    // length with its first byte (bits 16 to 23); length 0 marks an entry whose walk breaks,
+    // and the clear and end codes.
+    const uint8_t* m_aString[4097];
+    uint32_t m_aInfo[4097];
     // The reversed walk of an entry that is not in the output.
     uint8_t m_aWalk[4097];
 };
