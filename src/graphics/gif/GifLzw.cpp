@@ -108,8 +108,7 @@ void GifLzw::Loop(Run& run, const uint8_t* limit)
         m_aSuffix[slot] = first;
         m_aString[slot] = prevPtr;
         m_aInfo[slot] = newLength | uint32_t{prevFirst} << 16;
-        next += slot != kFull;
-        if (next == (1u << size) && size < 12)
+        if (slot != kFull && ++next == (1u << size) && size < 12)
             ++size;
     };
     auto read = [&](uint32_t& code) {

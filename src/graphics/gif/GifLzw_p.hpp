@@ -14,7 +14,7 @@ struct GifLzwResult {
     bool ended = false;
     // Input bytes the codes read have touched.
     size_t bytesUsed = 0;
-    // Pixels written (at most the limit).
+    // Pixels written (at most the limit); the output past them holds scratch.
     size_t written = 0;
 };
 
