@@ -95,7 +95,7 @@ GifFrame GifReader::TakeIt()
     const uint32_t stride = ((m_nWidth - 1u) | 3u) + 1u;
     const uint64_t pixels = uint64_t{stride} * m_nHeight;
     const bool local = m_nFrameFlags & 0x80;
-    if (pixels + GifFrame::FIXED_BYTES > GifFrame::MAX_BUFFER_BYTES) {
+    if (pixels + GifFrame::FIXED_BYTES > m_nMaxBufferBytes) {
         // Refused before anything is allocated; the walk goes on after the frame's data.
         SkipImageData(local, m_nFrameFlags);
         return {};

@@ -33,6 +33,10 @@ public:
     uint16_t m_nLeft = 0, m_nTop = 0, m_nWidth = 10, m_nHeight = 10;
     uint8_t m_nFrameFlags = 0;
 
+    // Frames whose buffer would be larger are refused; lowered by the fuzz target to keep its
+    // runs fast.
+    uint64_t m_nMaxBufferBytes = GifFrame::MAX_BUFFER_BYTES;
+
     // Graphic control values of the frame to come.
     uint8_t m_nDisposal = 0;
     bool m_bTransparent = false;
