@@ -92,6 +92,8 @@ TEST(AnimatedGif, BlockWalkSkipsEveryExtensionKindAndTakesTheLastControl)
     gif_builder::GraphicControl(gif, 0x0D, 15, 200); // disposal 3, transparent
     PutFrame(gif, 2, 2, 1);
     gif.push_back(0x3B);
+    const size_t entry200 = 13 + 200 * 3;
+    gif[entry200] = 1, gif[entry200 + 1] = 2, gif[entry200 + 2] = 3;
     GifReader reader;
     ASSERT_TRUE(Open(reader, gif));
     const GifFrame f = reader.FirstImage();
@@ -101,7 +103,7 @@ TEST(AnimatedGif, BlockWalkSkipsEveryExtensionKindAndTakesTheLastControl)
     EXPECT_EQ(reader.m_nDelay, 15);
     EXPECT_TRUE(reader.m_bTransparent);
     EXPECT_EQ(reader.m_nTransparentIndex, 200);
-    EXPECT_EQ(reader.m_nTransparentColor, 200u | 200u << 8 | 200u << 16); // grey table
+    EXPECT_EQ(reader.m_nTransparentColor, 1u | 2u << 8 | 3u << 16);
 }
 
 TEST(AnimatedGif, WalkStopsAtUnknownBlocksAndChainsPastTheEnd)

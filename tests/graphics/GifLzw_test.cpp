@@ -125,6 +125,8 @@ TEST(GifLzw, HandMadeStreamsFollowTheChainWalk)
         {"a code beyond the table repeats the previous string", Codes({{4, 3}, {1, 3}, {7, 3}, {5, 3}}), 3, false, {1, 1, 1}},
         {"a first code beyond the table is corrupt", Codes({{7, 3}, {5, 3}}), 2, true, {}},
         {"a second clear is a pixel of its own value", Codes({{4, 3}, {4, 3}, {2, 3}, {5, 3}}), 2, false, {4, 2}},
+        {"a stale entry whose prefix is itself, reached after a clear",
+         Codes({{4, 3}, {6, 3}, {1, 3}, {4, 3}, {6, 3}, {7, 3}, {5, 3}}), 8, true, {}},
         {"corruption after the last pixel still counts", Codes({{4, 3}, {6, 3}, {1, 3}, {6, 3}, {5, 3}}), 1, true, {}},
         {"no end code: the rest stays 0", Codes({{4, 3}, {3, 3}}), 4, false, {3, 0, 0, 0}},
         {"m = 0: one-bit codes, 1 is the clear", Codes({{1, 1}, {0, 1}, {0, 1}, {1, 1}, {1, 1}}), 4, false, {0, 0, 1, 0}},
