@@ -20,3 +20,6 @@
 #include <vesk/graphics/OutputDevice.hpp>
 #include <vesk/graphics/PrinterDevice.hpp>
 #include <vesk/graphics/VirtualDevice.hpp>
+
+// Animated GIF: the reader, its LZW decoder and decoded frames.
+#include <vesk/graphics/AnimatedGif.hpp>
