@@ -116,7 +116,9 @@ ProfileDocument ProfileDocument::Parse(std::string_view bytes)
         std::string_view text = bytes.substr(0, newline);
         Line line;
         line.hasEnd = newline != std::string_view::npos;
-        if (line.hasEnd && text.ends_with('\r')) {
+        // A CR at the very end of the file is a line end cut short: it belongs to the line
+        // end as in "\r\n", so that the line means the same once a later edit completes it.
+        if (text.ends_with('\r')) {
             line.crlf = true;
             text.remove_suffix(1);
         }
@@ -152,8 +154,10 @@ std::string ProfileDocument::Serialize() const
         out = kUtf8Bom;
     const auto put = [&out](const Line& line) {
         out += line.text;
+        if (line.crlf)
+            out += '\r';
         if (line.hasEnd)
-            out += line.crlf ? "\r\n" : "\n";
+            out += '\n';
     };
     for (const Section& section : m_sections) {
         if (section.hasHeader)
@@ -218,14 +222,20 @@ ProfileDocument::Line ProfileDocument::NewLine(std::string text) const
     return line;
 }
 
+void ProfileDocument::EndLine(Line& line) const
+{
+    if (!line.hasEnd) {
+        line.hasEnd = true;
+        line.crlf = line.crlf || m_crlf; // a CR already there becomes "\r\n"
+    }
+}
+
 void ProfileDocument::EndLastLine()
 {
     Section& last = m_sections.back();
     Line* line = !last.lines.empty() ? &last.lines.back() : last.hasHeader ? &last.header : nullptr;
-    if (line && !line->hasEnd) {
-        line->hasEnd = true;
-        line->crlf = m_crlf;
-    }
+    if (line)
+        EndLine(*line);
 }
 
 bool ProfileDocument::SetValue(std::string_view section, std::string_view key, std::string_view value)
@@ -259,11 +269,7 @@ bool ProfileDocument::SetValue(std::string_view section, std::string_view key, s
     size_t at = found->lines.size();
     while (at > 0 && Trim(found->lines[at - 1].text).empty())
         --at;
-    Line& before = at > 0 ? found->lines[at - 1] : found->header;
-    if (!before.hasEnd) {
-        before.hasEnd = true;
-        before.crlf = m_crlf;
-    }
+    EndLine(at > 0 ? found->lines[at - 1] : found->header);
     std::string text(key);
     text += '=';
     text += value;

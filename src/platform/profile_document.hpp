@@ -15,6 +15,7 @@
 namespace vesk::platform {
 
 // Rules of the format, as this engine applies them:
+// - Lines end in "\n" or "\r\n"; a "\r" at the very end of the file ends the last line too.
 // - A line is a section header when its first non-blank character is '['; the name runs to
 //   the first ']' (to the end of the line when the bracket is missing).
 // - A line holding '=' is a key line: the key is the text before the first '=', the value the
@@ -58,7 +59,7 @@ private:
     struct Line {
         std::string text; // without its line end
         bool hasEnd = true;
-        bool crlf = false;
+        bool crlf = false; // "\r\n", or a lone "\r" when the line has no end
         bool isKey = false;
         uint32_t keyBegin = 0, keyLength = 0, valueBegin = 0, valueLength = 0;
         std::string_view Key() const { return std::string_view(text).substr(keyBegin, keyLength); }
@@ -79,6 +80,7 @@ private:
     const Section* FindSection(std::string_view name) const;
     void IndexSections();
     Line NewLine(std::string text) const;
+    void EndLine(Line& line) const;
     void EndLastLine();
 
     Encoding m_encoding = Encoding::Utf8;
