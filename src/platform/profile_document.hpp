@@ -66,12 +66,25 @@ private:
         std::string_view Value() const { return std::string_view(text).substr(valueBegin, valueLength); }
     };
 
+
+    // Maps a name, compared without regard to ASCII case, to an index; looked up with any
+    // string_view without building a string.
+    struct NameHash {
+        using is_transparent = void;
+        size_t operator()(std::string_view name) const noexcept;
+    };
+    struct NameEqual {
+        using is_transparent = void;
+        bool operator()(std::string_view a, std::string_view b) const noexcept;
+    };
+    using NameIndex = std::unordered_map<std::string, size_t, NameHash, NameEqual>;
+
     struct Section {
         std::string name; // trimmed
         bool hasHeader = false;
         Line header;
         std::vector<Line> lines;
-        std::unordered_map<std::string, size_t> keys; // lower-case key -> first line index
+        NameIndex keys; // key -> index of its first line
         void Index();
     };
 
@@ -86,7 +99,7 @@ private:
     Encoding m_encoding = Encoding::Utf8;
     bool m_crlf = false; // line end for new lines, taken from the file's first line
     std::vector<Section> m_sections; // [0] holds the lines before the first header
-    std::unordered_map<std::string, size_t> m_index; // lower-case name -> first section
+    NameIndex m_index; // name -> index of its first section
 };
 
 } // namespace vesk::platform
