@@ -43,10 +43,11 @@ public:
     static Watcher* Started() { return s_started.load(std::memory_order_acquire); }
 
     FileWatch* Watch(const std::string& folder, std::string_view name);
-    // Reads and applies every queued event; the caller holds m_mutex.
+    // Reads and applies every queued event.
     void Drain();
 
-    std::mutex m_mutex;
+    // Held by whoever takes events from the kernel; Hold takes it to keep them queued.
+    std::mutex m_drainMutex;
 
 private:
     explicit Watcher(int fd) : m_fd(fd) { }
@@ -59,6 +60,7 @@ private:
 
     static inline std::atomic<Watcher*> s_started{nullptr};
     const int m_fd;
+    std::mutex m_mutex; // guards the tables below
     std::unordered_map<int, Folder> m_folders; // by watch descriptor
     std::deque<FileWatch> m_entries; // never shrinks: readers keep pointers to them
 };
@@ -100,7 +102,7 @@ void Watcher::Run()
         pollfd ready{m_fd, POLLIN, 0};
         if (::poll(&ready, 1, -1) < 0 && errno != EINTR)
             break;
-        std::lock_guard lock(m_mutex);
+        std::lock_guard lock(m_drainMutex);
         Drain();
         if (g_stopped.load())
             return;
@@ -110,6 +112,7 @@ void Watcher::Run()
 
 void Watcher::Drain()
 {
+    std::lock_guard lock(m_mutex);
     alignas(inotify_event) char buffer[16384];
     for (;;) {
         ssize_t n = ::read(m_fd, buffer, sizeof buffer);
@@ -201,7 +204,7 @@ void Settle()
     Watcher* watcher = Watcher::Started();
     if (!watcher || g_stopped.load())
         return;
-    std::lock_guard lock(watcher->m_mutex);
+    std::lock_guard lock(watcher->m_drainMutex);
     if (!g_stopped.load())
         watcher->Drain();
 }
@@ -209,7 +212,7 @@ void Settle()
 std::unique_lock<std::mutex> Hold()
 {
     Watcher* watcher = Watcher::Instance();
-    return watcher ? std::unique_lock(watcher->m_mutex) : std::unique_lock<std::mutex>();
+    return watcher ? std::unique_lock(watcher->m_drainMutex) : std::unique_lock<std::mutex>();
 }
 
 } // namespace vesk::platform::file_watch

@@ -39,7 +39,7 @@ void Touch(FileWatch& watch);
 void Settle();
 
 // Holds the watcher, so that events stay queued in the kernel until the lock is released
-// (for tests of a full queue).
+// (for tests of a full queue); Settle must not be called meanwhile.
 std::unique_lock<std::mutex> Hold();
 
 } // namespace file_watch
