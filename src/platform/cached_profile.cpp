@@ -17,6 +17,14 @@ struct PathHash {
 
 CachedProfile& CachedProfile::For(std::string_view path)
 {
+    // Reads come in runs on one file: each thread remembers the last cache it used.
+    thread_local struct {
+        std::string path;
+        CachedProfile* cache = nullptr;
+    } last;
+    if (last.cache && last.path == path)
+        return *last.cache;
+
     // Never destroyed, so that code running during exit can still read its settings.
     static auto* const mutex = new std::mutex;
     static auto* const caches
@@ -25,7 +33,9 @@ CachedProfile& CachedProfile::For(std::string_view path)
     auto it = caches->find(path);
     if (it == caches->end())
         it = caches->emplace(path, std::unique_ptr<CachedProfile>(new CachedProfile(std::string(path)))).first;
-    return *it->second;
+    last.path = path;
+    last.cache = it->second.get();
+    return *last.cache;
 }
 
 void CachedProfile::Load(std::string_view bytes, const FileStamp& stamp, bool valid)
@@ -38,8 +48,21 @@ void CachedProfile::Load(std::string_view bytes, const FileStamp& stamp, bool va
     m_valid = valid;
 }
 
+bool CachedProfile::Unchanged() const
+{
+    return m_valid && m_watch && m_watch->changes.load(std::memory_order_acquire) == m_changes
+        && file_watch::Epoch() == m_epoch;
+}
+
 void CachedProfile::Refresh()
 {
+    if (Unchanged())
+        return;
+    // The epoch and the count are taken before the file is looked at, so that a change made
+    // while it is read is counted after them and checked on the next read.
+    m_epoch = file_watch::Epoch();
+    m_watch = file_watch::Watch(m_path);
+    m_changes = m_watch ? m_watch->changes.load(std::memory_order_acquire) : 0;
     FileStamp now = StampOf(m_path);
     if (m_valid && now == m_stamp)
         return;
@@ -73,6 +96,10 @@ bool CachedProfile::Update(const std::function<bool(ProfileDocument&)>& edit)
         stamp);
     m_stamp = stamp;
     m_valid = written; // after a failure the document may hold an edit the file lacks
+    // Readers of this file under another spelling of its path see the write at once; this
+    // cache checks the file once more on its next read, in case another writer came between.
+    if (written && m_watch)
+        file_watch::Touch(*m_watch);
     return written;
 }
 

@@ -3,8 +3,8 @@
 // Parsed profile files shared by the process and kept in step with the files on disk.
 
 #include "platform/atomic_file.hpp"
+#include "platform/file_watch.hpp"
 #include "platform/profile_document.hpp"
-
 
 #include <functional>
 #include <mutex>
@@ -14,9 +14,11 @@
 
 namespace vesk::platform {
 
-// One profile file's parsed content. A read re-parses only when the file's stamp (device,
-// inode, size, modification time) has changed since the last parse; a write re-reads the file
-// under its lock and replaces it atomically, so concurrent writers keep each other's keys.
+// One profile file's parsed content. A read checks the file on disk only when the process's
+// file watcher has counted a change of it (or lost events) since the last check, and
+// re-parses only when the file's stamp (device, inode, size, modification time) has changed;
+// without a watch every read checks the stamp. A write re-reads the file under its lock and
+// replaces it atomically, so concurrent writers keep each other's keys.
 class CachedProfile {
 public:
     // The cache of the file at path; one per path for the life of the process.
@@ -41,6 +43,7 @@ public:
 
 private:
     explicit CachedProfile(std::string path) : m_path(std::move(path)) { }
+    bool Unchanged() const;
     void Refresh();
     void Load(std::string_view bytes, const FileStamp& stamp, bool valid);
 
@@ -48,6 +51,8 @@ private:
     const std::string m_path;
     bool m_valid = false; // m_document matches the file with stamp m_stamp
     FileStamp m_stamp;
+    FileWatch* m_watch = nullptr; // null: not watched, the stamp is checked on every read
+    uint64_t m_changes = 0, m_epoch = 0; // the watch's count and the epoch at the last check
     std::string m_bytes;
     ProfileDocument m_document;
 };

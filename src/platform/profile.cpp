@@ -65,13 +65,21 @@ uint32_t GetPrivateProfileString(const char16_t* section, const char16_t* key, c
         return CopyList(text, buffer, size);
     }
     std::string keyName = ToUtf8(key);
-    bool found = profile.Get([&](const ProfileDocument& doc) {
+    std::optional<uint32_t> copied = profile.Get([&](const ProfileDocument& doc) -> std::optional<uint32_t> {
         std::optional<std::string_view> value = doc.Find(sectionName, keyName);
-        if (value)
-            AppendUtf8AsUtf16(*value, text);
-        return value.has_value();
+        if (!value)
+            return std::nullopt;
+        if (value->size() < size) { // fits whole: a byte gives one unit at most
+            auto length = static_cast<uint32_t>(Utf8ToUtf16Units(*value, buffer) - buffer);
+            buffer[length] = 0;
+            return length;
+        }
+        AppendUtf8AsUtf16(*value, text);
+        return CopyValue(text, buffer, size);
     });
-    if (!found && defaultValue) {
+    if (copied)
+        return *copied;
+    if (defaultValue) {
         text = defaultValue;
         text.erase(text.find_last_not_of(u" \t") + 1);
     }

@@ -23,14 +23,9 @@ std::string_view Trim(std::string_view s)
     return s;
 }
 
-std::string Lower(std::string_view s)
+char Lower(char c)
 {
-    std::string out(s);
-    for (char& c : out) {
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    }
-    return out;
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 bool HasLineBreakOrNul(std::string_view s)
@@ -66,12 +61,27 @@ constexpr std::string_view kUtf8Bom = "\xEF\xBB\xBF";
 
 } // namespace
 
+size_t ProfileDocument::NameHash::operator()(std::string_view name) const noexcept
+{
+    uint64_t hash = 14695981039346656037u; // FNV-1a over the lower-case bytes
+    for (char c : name)
+        hash = (hash ^ static_cast<uint8_t>(Lower(c))) * 1099511628211u;
+    return static_cast<size_t>(hash);
+}
+
+bool ProfileDocument::NameEqual::operator()(std::string_view a, std::string_view b) const noexcept
+{
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+        return Lower(x) == Lower(y);
+    });
+}
+
 void ProfileDocument::Section::Index()
 {
     keys.clear();
     for (size_t i = 0; i < lines.size(); ++i) {
         if (lines[i].isKey)
-            keys.emplace(Lower(lines[i].Key()), i);
+            keys.emplace(lines[i].Key(), i);
     }
 }
 
@@ -116,7 +126,9 @@ ProfileDocument ProfileDocument::Parse(std::string_view bytes)
         std::string_view text = bytes.substr(0, newline);
         Line line;
         line.hasEnd = newline != std::string_view::npos;
-        if (line.hasEnd && text.ends_with('\r')) {
+        // A CR at the very end of the file is a line end cut short: it belongs to the line
+        // end as in "\r\n", so that the line means the same once a later edit completes it.
+        if (text.ends_with('\r')) {
             line.crlf = true;
             text.remove_suffix(1);
         }
@@ -152,8 +164,10 @@ std::string ProfileDocument::Serialize() const
         out = kUtf8Bom;
     const auto put = [&out](const Line& line) {
         out += line.text;
+        if (line.crlf)
+            out += '\r';
         if (line.hasEnd)
-            out += line.crlf ? "\r\n" : "\n";
+            out += '\n';
     };
     for (const Section& section : m_sections) {
         if (section.hasHeader)
@@ -170,12 +184,12 @@ void ProfileDocument::IndexSections()
 {
     m_index.clear();
     for (size_t i = 1; i < m_sections.size(); ++i)
-        m_index.emplace(Lower(m_sections[i].name), i);
+        m_index.emplace(m_sections[i].name, i);
 }
 
 const ProfileDocument::Section* ProfileDocument::FindSection(std::string_view name) const
 {
-    auto it = m_index.find(Lower(Trim(name)));
+    auto it = m_index.find(Trim(name));
     return it == m_index.end() ? nullptr : &m_sections[it->second];
 }
 
@@ -189,7 +203,7 @@ std::optional<std::string_view> ProfileDocument::Find(std::string_view section, 
     const Section* found = FindSection(section);
     if (!found)
         return std::nullopt;
-    auto it = found->keys.find(Lower(Trim(key)));
+    auto it = found->keys.find(Trim(key));
     if (it == found->keys.end())
         return std::nullopt;
     return found->lines[it->second].Value();
@@ -203,7 +217,7 @@ std::vector<std::string_view> ProfileDocument::KeyNames(std::string_view section
         return names;
     for (size_t i = 0; i < found->lines.size(); ++i) {
         const Line& line = found->lines[i];
-        if (line.isKey && found->keys.at(Lower(line.Key())) == i)
+        if (line.isKey && found->keys.find(line.Key())->second == i)
             names.push_back(line.Key());
     }
     return names;
@@ -218,14 +232,20 @@ ProfileDocument::Line ProfileDocument::NewLine(std::string text) const
     return line;
 }
 
+void ProfileDocument::EndLine(Line& line) const
+{
+    if (!line.hasEnd) {
+        line.hasEnd = true;
+        line.crlf = line.crlf || m_crlf; // a CR already there becomes "\r\n"
+    }
+}
+
 void ProfileDocument::EndLastLine()
 {
     Section& last = m_sections.back();
     Line* line = !last.lines.empty() ? &last.lines.back() : last.hasHeader ? &last.header : nullptr;
-    if (line && !line->hasEnd) {
-        line->hasEnd = true;
-        line->crlf = m_crlf;
-    }
+    if (line)
+        EndLine(*line);
 }
 
 bool ProfileDocument::SetValue(std::string_view section, std::string_view key, std::string_view value)
@@ -240,11 +260,10 @@ bool ProfileDocument::SetValue(std::string_view section, std::string_view key, s
         added.hasHeader = true;
         added.header = NewLine("[" + added.name + "]");
         m_sections.push_back(std::move(added));
-        m_index.emplace(Lower(section), m_sections.size() - 1);
+        m_index.emplace(section, m_sections.size() - 1);
         found = &m_sections.back();
     }
-    std::string lowerKey = Lower(key);
-    auto it = found->keys.find(lowerKey);
+    auto it = found->keys.find(key);
     if (it != found->keys.end()) {
         Line& line = found->lines[it->second];
         if (line.Value() == value)
@@ -259,16 +278,12 @@ bool ProfileDocument::SetValue(std::string_view section, std::string_view key, s
     size_t at = found->lines.size();
     while (at > 0 && Trim(found->lines[at - 1].text).empty())
         --at;
-    Line& before = at > 0 ? found->lines[at - 1] : found->header;
-    if (!before.hasEnd) {
-        before.hasEnd = true;
-        before.crlf = m_crlf;
-    }
+    EndLine(at > 0 ? found->lines[at - 1] : found->header);
     std::string text(key);
     text += '=';
     text += value;
     found->lines.insert(found->lines.begin() + static_cast<ptrdiff_t>(at), NewLine(std::move(text)));
-    found->keys.emplace(std::move(lowerKey), at);
+    found->keys.emplace(key, at);
     return true;
 }
 
@@ -277,10 +292,10 @@ bool ProfileDocument::DeleteKey(std::string_view section, std::string_view key)
     Section* found = FindSection(section);
     if (!found)
         return false;
-    std::string lowerKey = Lower(Trim(key));
-    if (!found->keys.contains(lowerKey))
+    key = Trim(key);
+    if (!found->keys.contains(key))
         return false;
-    std::erase_if(found->lines, [&](const Line& line) { return line.isKey && Lower(line.Key()) == lowerKey; });
+    std::erase_if(found->lines, [&](const Line& line) { return line.isKey && NameEqual()(line.Key(), key); });
     found->Index();
     return true;
 }
@@ -304,7 +319,7 @@ bool ProfileDocument::DeleteSection(std::string_view name)
 
 bool ProfileDocument::SameName(std::string_view a, std::string_view b)
 {
-    return Lower(Trim(a)) == Lower(Trim(b));
+    return NameEqual()(Trim(a), Trim(b));
 }
 
 bool ProfileDocument::IsValidSection(std::string_view name)

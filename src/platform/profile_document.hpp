@@ -15,6 +15,7 @@
 namespace vesk::platform {
 
 // Rules of the format, as this engine applies them:
+// - Lines end in "\n" or "\r\n"; a "\r" at the very end of the file ends the last line too.
 // - A line is a section header when its first non-blank character is '['; the name runs to
 //   the first ']' (to the end of the line when the bracket is missing).
 // - A line holding '=' is a key line: the key is the text before the first '=', the value the
@@ -58,19 +59,32 @@ private:
     struct Line {
         std::string text; // without its line end
         bool hasEnd = true;
-        bool crlf = false;
+        bool crlf = false; // "\r\n", or a lone "\r" when the line has no end
         bool isKey = false;
         uint32_t keyBegin = 0, keyLength = 0, valueBegin = 0, valueLength = 0;
         std::string_view Key() const { return std::string_view(text).substr(keyBegin, keyLength); }
         std::string_view Value() const { return std::string_view(text).substr(valueBegin, valueLength); }
     };
 
+
+    // Maps a name, compared without regard to ASCII case, to an index; looked up with any
+    // string_view without building a string.
+    struct NameHash {
+        using is_transparent = void;
+        size_t operator()(std::string_view name) const noexcept;
+    };
+    struct NameEqual {
+        using is_transparent = void;
+        bool operator()(std::string_view a, std::string_view b) const noexcept;
+    };
+    using NameIndex = std::unordered_map<std::string, size_t, NameHash, NameEqual>;
+
     struct Section {
         std::string name; // trimmed
         bool hasHeader = false;
         Line header;
         std::vector<Line> lines;
-        std::unordered_map<std::string, size_t> keys; // lower-case key -> first line index
+        NameIndex keys; // key -> index of its first line
         void Index();
     };
 
@@ -79,12 +93,13 @@ private:
     const Section* FindSection(std::string_view name) const;
     void IndexSections();
     Line NewLine(std::string text) const;
+    void EndLine(Line& line) const;
     void EndLastLine();
 
     Encoding m_encoding = Encoding::Utf8;
     bool m_crlf = false; // line end for new lines, taken from the file's first line
     std::vector<Section> m_sections; // [0] holds the lines before the first header
-    std::unordered_map<std::string, size_t> m_index; // lower-case name -> first section
+    NameIndex m_index; // name -> index of its first section
 };
 
 } // namespace vesk::platform

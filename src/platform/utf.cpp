@@ -63,12 +63,14 @@ char* PutCodePoint(char32_t code, char* out)
 
 // Both conversions size the output for the longest result first and write through a pointer:
 // these run on every profile read.
-void AppendUtf8AsUtf16(std::string_view utf8, std::u16string& out)
+char16_t* Utf8ToUtf16Units(std::string_view utf8, char16_t* at)
 {
-    size_t start = out.size();
-    out.resize(start + utf8.size()); // one unit per byte at most
-    char16_t* at = out.data() + start;
     while (!utf8.empty()) {
+        if (static_cast<uint8_t>(utf8[0]) < 0x80) { // the common case, without decoding
+            *at++ = static_cast<char16_t>(utf8[0]);
+            utf8.remove_prefix(1);
+            continue;
+        }
         char32_t code;
         size_t length = SequenceLength(utf8, code);
         if (length == 0) {
@@ -84,15 +86,30 @@ void AppendUtf8AsUtf16(std::string_view utf8, std::u16string& out)
         }
         utf8.remove_prefix(length);
     }
-    out.resize(static_cast<size_t>(at - out.data()));
+    return at;
+}
+
+void AppendUtf8AsUtf16(std::string_view utf8, std::u16string& out)
+{
+    size_t start = out.size();
+    out.resize(start + utf8.size()); // one unit per byte at most
+    char16_t* end = Utf8ToUtf16Units(utf8, out.data() + start);
+    out.resize(static_cast<size_t>(end - out.data()));
 }
 
 void AppendUtf16AsUtf8(std::u16string_view utf16, std::string& out)
 {
+    // A leading ASCII run takes one byte per unit, the rest three bytes per unit at most;
+    // sizing for that keeps short names within the string's own storage.
+    size_t ascii = 0;
+    while (ascii < utf16.size() && utf16[ascii] < 0x80)
+        ++ascii;
     size_t start = out.size();
-    out.resize(start + 3 * utf16.size()); // three bytes per unit at most
+    out.resize(start + ascii + 3 * (utf16.size() - ascii));
     char* at = out.data() + start;
-    for (size_t i = 0; i < utf16.size(); ++i) {
+    for (size_t i = 0; i < ascii; ++i)
+        *at++ = static_cast<char>(utf16[i]);
+    for (size_t i = ascii; i < utf16.size(); ++i) {
         char32_t code = utf16[i];
         if (code >= 0xD800 && code <= 0xDBFF && i + 1 < utf16.size() && utf16[i + 1] >= 0xDC00
             && utf16[i + 1] <= 0xDFFF) {

@@ -92,6 +92,23 @@ TEST(ProfileDocument, AFileWithoutFinalLineEndGetsOneBeforeAnAddedLine)
     EXPECT_EQ(doc.Serialize(), "[a]\n[b]\nj=2\n");
 }
 
+// A CR ending the file is read as a line end, so completing the line changes nothing it means:
+// a header without its bracket cut by that CR must not turn into another section on rewrite.
+TEST(ProfileDocument, ACarriageReturnEndingTheFileEndsTheLastLine)
+{
+    const std::string text = "\n[y\n[new\r";
+    auto doc = ProfileDocument::Parse(text);
+    EXPECT_EQ(doc.Serialize(), text);
+    EXPECT_TRUE(doc.SetValue("new", "k", "v"));
+    EXPECT_EQ(doc.Serialize(), "\n[y\n[new\r\nk=v\n");
+    EXPECT_EQ(Value(ProfileDocument::Parse(doc.Serialize()), "new", "k"), "v");
+
+    doc = ProfileDocument::Parse("[a]\nk=1\r");
+    EXPECT_EQ(Value(doc, "a", "k"), "1");
+    doc.SetValue("b", "j", "2");
+    EXPECT_EQ(doc.Serialize(), "[a]\nk=1\r\n[b]\nj=2\n");
+}
+
 TEST(ProfileDocument, ByteOrderMarksAreReadAndKept)
 {
     auto doc = ProfileDocument::Parse("\xEF\xBB\xBF[s]\nk=\xC3\xBC\n");

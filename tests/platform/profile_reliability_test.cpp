@@ -1,4 +1,5 @@
 // Profile files under concurrent writers, writers killed mid-write, and damaged files.
+#include "platform/file_watch.hpp"
 #include "platform/profile.hpp"
 #include "platform/profile_document.hpp"
 
@@ -162,6 +163,7 @@ TEST(ProfileReliability, DamagedFilesReadWithoutHarmAndKeepTheirBytes)
 
     ASSERT_EQ(::unlink(file.c_str()), 0);
     ASSERT_EQ(::mkdir(file.c_str(), 0700), 0);
+    vesk::platform::file_watch::Settle();
     EXPECT_EQ(Read(u"s", u"k", file), u"<default>");
     EXPECT_FALSE(WritePrivateProfileString(u"s", u"k", u"1", file));
 }

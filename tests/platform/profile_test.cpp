@@ -1,5 +1,6 @@
 // The private-profile functions: buffer contracts, the four write cases, the cache and how
 // writes fail.
+#include "platform/file_watch.hpp"
 #include "platform/profile.hpp"
 
 #include "support/ChildProcess.hpp"
@@ -16,6 +17,7 @@
 #include <unistd.h>
 
 using vesk::platform::GetPrivateProfileString;
+using vesk::platform::file_watch::Settle;
 using vesk::platform::WritePrivateProfileString;
 using vesk::test::ReadFileText;
 using vesk::test::RunUnprivileged;
@@ -46,6 +48,10 @@ TEST_F(Profile, ValueIsCutToTheBufferAndZeroEnded)
     EXPECT_EQ(std::u16string(buffer, 4), std::u16string(u"abc\0", 4));
     EXPECT_EQ(GetPrivateProfileString(u"s", u"k", u"", buffer, 1, m_file), 0u);
     EXPECT_EQ(buffer[0], 0);
+    EXPECT_EQ(GetPrivateProfileString(u"s", u"k", u"", buffer, 7, m_file), 6u); // exactly fits
+    EXPECT_EQ(std::u16string(buffer, 7), std::u16string(u"abcdef\0", 7));
+    EXPECT_EQ(GetPrivateProfileString(u"s", u"k", u"", buffer, 6, m_file), 5u);
+    EXPECT_EQ(std::u16string(buffer, 6), std::u16string(u"abcde\0", 6));
 }
 
 TEST_F(Profile, KeyListEndsWithTwoZerosAndReportsSizeMinusTwoWhenCut)
@@ -121,15 +127,18 @@ TEST_F(Profile, ReadsParseAgainOnlyWhenTheFileChanges)
     ASSERT_TRUE(WriteFileText(m_file, "[s]\nk=2\n"));
     const struct timespec times[2] = {before.st_atim, before.st_mtim};
     ASSERT_EQ(::utimensat(AT_FDCWD, m_file.c_str(), times, 0), 0);
+    Settle();
     EXPECT_EQ(Read(u"s", u"k", m_file), u"1");
 
     // A new modification time or a new inode is.
     const struct timespec later[2] = {before.st_atim, {before.st_mtim.tv_sec + 1, 0}};
     ASSERT_EQ(::utimensat(AT_FDCWD, m_file.c_str(), later, 0), 0);
+    Settle();
     EXPECT_EQ(Read(u"s", u"k", m_file), u"2");
     ASSERT_TRUE(WriteFileText(m_dir.File("other"), "[s]\nk=3\n"));
     ASSERT_EQ(::utimensat(AT_FDCWD, m_dir.File("other").c_str(), later, 0), 0);
     ASSERT_EQ(::rename(m_dir.File("other").c_str(), m_file.c_str()), 0);
+    Settle();
     EXPECT_EQ(Read(u"s", u"k", m_file), u"3");
 }
 

@@ -1,5 +1,7 @@
 #include "support/ChildProcess.hpp"
 
+#include "platform/file_watch.hpp"
+
 #include <cerrno>
 
 #include <csignal>
@@ -33,6 +35,8 @@ int WaitChild(pid_t pid)
         if (errno != EINTR)
             return -1;
     }
+    // What the child wrote is read back next, as by a reader that knows the writer is done.
+    vesk::platform::file_watch::Settle();
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 

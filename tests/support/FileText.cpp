@@ -1,5 +1,7 @@
 #include "support/FileText.hpp"
 
+#include "platform/file_watch.hpp"
+
 #include <fstream>
 #include <iterator>
 
@@ -9,7 +11,9 @@ bool WriteFileText(const std::string& path, const std::string& bytes)
 {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     out << bytes;
-    return static_cast<bool>(out.flush());
+    out.close();
+    vesk::platform::file_watch::Settle();
+    return static_cast<bool>(out);
 }
 
 std::string ReadFileText(const std::string& path)

@@ -4,7 +4,8 @@
 
 namespace vesk::test {
 
-// Writes a file's bytes; false when it cannot be written.
+// Writes a file's bytes and lets the process's file watcher take the change, as a reader does
+// that knows of another process's write; false when the file cannot be written.
 bool WriteFileText(const std::string& path, const std::string& bytes);
 
 // A file's bytes; "<missing>" when it cannot be read.
