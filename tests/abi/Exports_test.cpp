@@ -6,13 +6,13 @@
 
 #include <cxxabi.h>
 
+#include <cctype>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
 #include <fstream>
 #include <memory>
-#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -47,39 +47,85 @@ std::string Demangle(const std::string& name)
     return status == 0 ? std::string(text.get()) : name;
 }
 
+bool IsIdentifierChar(char c)
+{
+    return std::isalnum(static_cast<unsigned char>(c)) || c == '_';
+}
+
+// The text with comments and string literals blanked out.
+std::string CodeOnly(const std::string& text)
+{
+    std::string code;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text.compare(i, 2, "//") == 0) {
+            i = text.find('\n', i);
+            if (i == std::string::npos)
+                break;
+        } else if (text.compare(i, 2, "/*") == 0) {
+            i = text.find("*/", i + 2);
+            if (i == std::string::npos)
+                break;
+            ++i;
+        } else if (text[i] == '"') {
+            for (++i; i < text.size() && text[i] != '"'; ++i)
+                i += text[i] == '\\';
+        } else {
+            code += text[i];
+            continue;
+        }
+        code += ' ';
+    }
+    return code;
+}
+
 // Every identifier of the public headers' code (comments and string literals left out).
 std::set<std::string> PublicIdentifiers()
 {
     std::set<std::string> words;
-    const std::regex word("[A-Za-z_][A-Za-z0-9_]*");
-    const std::regex noise(R"(//[^\n]*|/\*[\s\S]*?\*/|"(?:[^"\\\n]|\\.)*")");
     for (const auto& entry : std::filesystem::recursive_directory_iterator(VESK_INCLUDE_DIR)) {
         if (!entry.is_regular_file())
             continue;
         std::ifstream file(entry.path());
         std::stringstream text;
         text << file.rdbuf();
-        const std::string content = std::regex_replace(text.str(), noise, " ");
-        for (std::sregex_iterator it(content.begin(), content.end(), word), end; it != end; ++it)
-            words.insert(it->str());
+        const std::string code = CodeOnly(text.str());
+        for (size_t i = 0; i < code.size();) {
+            if (!IsIdentifierChar(code[i])) {
+                ++i;
+                continue;
+            }
+            const size_t start = i;
+            while (i < code.size() && IsIdentifierChar(code[i]))
+                ++i;
+            words.insert(code.substr(start, i - start));
+        }
     }
     return words;
 }
 
-// The names of the qualified name that follows the first "vesk::" (after a special-symbol
-// prefix or a return type): "vesk::SString::Append" gives SString and Append. Empty for a
-// symbol outside the library's namespace.
+// The names of the qualified name that starts with the first "vesk::" standing at the start
+// of the symbol or after a space (a special-symbol prefix such as "vtable for", or a return
+// type), before any parameter list: "vesk::SString::Append(...)" gives SString and Append.
+// Empty for a symbol outside the library's namespace, such as a standard-library template
+// instantiated for a library type.
 std::vector<std::string> VeskNames(const std::string& demangled)
 {
-    static const std::regex qualified(R"(^(?:(?:typeinfo name for|typeinfo for|vtable for|VTT for|guard variable for|(?:virtual|non-virtual) thunk to) )?(?:[^(]* )?vesk::((?:[A-Za-z_]\w*::)*[A-Za-z_]\w*))");
-    static const std::regex component(R"([A-Za-z_]\w*)");
     std::vector<std::string> names;
-    std::smatch match;
-    if (!std::regex_search(demangled, match, qualified))
+    const size_t at = demangled.find("vesk::");
+    if (at == std::string::npos || at > demangled.find('(') || (at > 0 && demangled[at - 1] != ' '))
         return names;
-    const std::string chain = match[1].str();
-    for (std::sregex_iterator it(chain.begin(), chain.end(), component), end; it != end; ++it)
-        names.push_back(it->str());
+    size_t i = at + 6;
+    for (;;) {
+        const size_t start = i;
+        while (i < demangled.size() && IsIdentifierChar(demangled[i]))
+            ++i;
+        if (i == start)
+            break;
+        names.push_back(demangled.substr(start, i - start));
+        if (demangled.compare(i, 2, "::") != 0)
+            break;
+        i += 2;
+    }
     return names;
 }
 
