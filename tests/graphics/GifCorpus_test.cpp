@@ -19,7 +19,7 @@ using namespace vesk;
 
 namespace {
 
-const std::string kCorpus = std::string(VESK_TEST_DATA_DIR) + "/gif/";
+const std::string kCorpus = std::string(VESK_GIF_CORPUS) + "/";
 
 std::vector<uint8_t> ReadBytes(const std::string& path)
 {

@@ -52,7 +52,7 @@ bool Reference(const Bytes& stream, unsigned m, size_t limit, Bytes& pixels)
 
 Bytes ReadFile(const std::string& name)
 {
-    std::ifstream in(std::string(VESK_TEST_DATA_DIR) + "/gif/lzw/" + name, std::ios::binary);
+    std::ifstream in(std::string(VESK_GIF_CORPUS) + "/lzw/" + name, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
