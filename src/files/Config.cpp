@@ -68,29 +68,10 @@ SString ReadValue(const ConfigData& data, const char16_t* key, const std::u16str
     return ImpConfigDecode(value.data(), static_cast<uint32_t>(value.size()));
 }
 
-// Whether a module name ends in ".exe", in any case.
-bool HasExeSuffix(const std::string& name)
-{
-    return name.size() >= 4 && strncasecmp(name.c_str() + name.size() - 4, ".exe", 4) == 0;
-}
-
-// The module's name without its folder, in the config directory, with "ini" in place of the
-// last three characters of a ".exe" name ("app.exe" gives "app.ini") and ".ini" appended to
-// any other name ("gedit" gives "gedit.ini", not "gedini").
+// The default profile in the config directory.
 SString DefaultPathName()
 {
-    std::string name = platform::ModuleFileName();
-    if (HasExeSuffix(name))
-        name.resize(name.size() - 3);
-    else
-        name += '.';
-    name += "ini";
-    for (size_t i = name.size() - 1; i >= 1; --i) {
-        if (name[i] == '/') {
-            name.erase(0, i + 1);
-            break;
-        }
-    }
+    std::string name = ImpProfileNameOfModule(platform::ModuleFileName());
     std::string directory = platform::ConfigDirectory();
     if (!directory.empty() && directory.size() < 1024) {
         if (directory.back() != '/')
@@ -101,6 +82,23 @@ SString DefaultPathName()
 }
 
 } // namespace
+
+std::string ImpProfileNameOfModule(std::string name)
+{
+    const bool exe = name.size() >= 4 && strncasecmp(name.c_str() + name.size() - 4, ".exe", 4) == 0;
+    if (exe)
+        name.resize(name.size() - 3);
+    else
+        name += '.';
+    name += "ini";
+    for (size_t i = name.size() - 1; i >= 1; --i) {
+        if (name[i] == '/') {
+            name.erase(0, i + 1);
+            break;
+        }
+    }
+    return name;
+}
 
 Config::Config() : Config(DefaultPathName()) { }
 

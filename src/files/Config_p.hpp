@@ -17,4 +17,9 @@ struct ConfigData {
     bool hasKeyList = false;
 };
 
+// The default profile's file name for a module file: the name without its folder, with "ini" in
+// place of the last three characters of a ".exe" name in any case ("app.exe" gives "app.ini")
+// and ".ini" appended to any other name ("gedit" gives "gedit.ini", not "gedini").
+std::string ImpProfileNameOfModule(std::string moduleFile);
+
 } // namespace vesk

@@ -1,5 +1,7 @@
 // Config: the value escapes, reading and its repairs, key enumeration with its cached key
 // list, copies and the default file.
+#include "files/Config_p.hpp"
+
 #include <vesk/files.hpp>
 
 #include "support/ConfigHomeGuard.hpp"
@@ -153,6 +155,15 @@ TEST_F(ConfigTest, TheDefaultFileIsNamedAfterTheProgramInTheConfigDirectory)
     EXPECT_EQ(Bytes(config.GetGroup()), "");
     EXPECT_TRUE(config.WriteKey("k", "v"));
     EXPECT_EQ(ReadFileText(m_home.File("vesk_files_tests.ini")), "[]\nk=v\n");
+}
+
+TEST(ConfigDefaultName, ExeNamesLoseTheirEndingOthersKeepTheirWholeName)
+{
+    EXPECT_EQ(vesk::ImpProfileNameOfModule("/opt/app/Tool.EXE"), "Tool.ini");
+    EXPECT_EQ(vesk::ImpProfileNameOfModule("/usr/bin/app.exe"), "app.ini");
+    EXPECT_EQ(vesk::ImpProfileNameOfModule("/usr/bin/gedit"), "gedit.ini");
+    EXPECT_EQ(vesk::ImpProfileNameOfModule("/usr/bin/exe"), "exe.ini");
+    EXPECT_EQ(vesk::ImpProfileNameOfModule("/usr/lib/my.app.bin"), "my.app.bin.ini");
 }
 
 TEST_F(ConfigTest, ABareFileNameIsInTheConfigDirectory)
