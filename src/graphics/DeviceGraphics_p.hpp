@@ -74,6 +74,12 @@ public:
     cairo_t* cr() const { return m_pCr; }
     OutputDevice& device() const { return m_rDevice; }
     void Fail() { m_bFailed = true; }
+    // Counts the call as failed and ends it: the result for arguments that cannot be drawn.
+    bool Reject()
+    {
+        Fail();
+        return Finish();
+    }
     // Ends the call; true when everything succeeded.
     bool Finish();
 

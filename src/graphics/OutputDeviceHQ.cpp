@@ -63,10 +63,8 @@ bool OutputDevice::DrawLineHQ(const FPoint& from, const FPoint& to, const Transp
     HQGraphics g(*this, Smoothing::HighQuality);
     if (!g)
         return false;
-    if (!Drawable(from.x, from.y, to.x, to.y, width)) {
-        g.Fail();
-        return g.Finish();
-    }
+    if (!Drawable(from.x, from.y, to.x, to.y, width))
+        return g.Reject();
     cairo_t* cr = g.cr();
     SetColor(cr, color);
     cairo_set_line_width(cr, width > 0 ? width : 1.0);
@@ -82,10 +80,8 @@ bool OutputDevice::DrawLineHQ(const FPoint& from, const FPoint& to, int32_t widt
     HQGraphics g(*this, Smoothing::HighQuality);
     if (!g)
         return false;
-    if (!Drawable(from.x, from.y, to.x, to.y, double(width))) {
-        g.Fail();
-        return g.Finish();
-    }
+    if (!Drawable(from.x, from.y, to.x, to.y, double(width)))
+        return g.Reject();
     Pen pen = m_pPen ? *m_pPen : Pen();
     if (width > 0)
         pen.SetWidth(width);
@@ -106,10 +102,8 @@ bool OutputDevice::DrawFrameHQ(const FRectangle& r)
     HQGraphics g(*this, Smoothing::HighQuality);
     if (!g)
         return false;
-    if (!DrawableRect(r)) {
-        g.Fail();
-        return g.Finish();
-    }
+    if (!DrawableRect(r))
+        return g.Reject();
     cairo_t* cr = g.cr();
     if (SetPenStroke(cr, m_pPen ? *m_pPen : Pen())) {
         // The edges run half the pen's width inside r, so that the frame stays within it;
@@ -135,10 +129,8 @@ bool OutputDevice::DrawArcHQ(const CRectangle& r, double startDegrees, double sw
     HQGraphics g(*this, Smoothing::HighQuality);
     if (!g)
         return false;
-    if (r.IsEmpty() || !DrawableRect(r) || !Drawable(startDegrees, sweepDegrees, width)) {
-        g.Fail();
-        return g.Finish();
-    }
+    if (r.IsEmpty() || !DrawableRect(r) || !Drawable(startDegrees, sweepDegrees, width))
+        return g.Reject();
     cairo_t* cr = g.cr();
     const double w = double(r.Right()) - r.Left(), h = double(r.Bottom()) - r.Top();
     const double a0 = startDegrees * M_PI / 180, a1 = (startDegrees + sweepDegrees) * M_PI / 180;
@@ -193,10 +185,8 @@ bool OutputDevice::DrawEllipseHQ(const FRectangle& r, int opacityPercent)
     HQGraphics g(*this, Smoothing::None);
     if (!g)
         return false;
-    if (!DrawableRect(r)) {
-        g.Fail();
-        return g.Finish();
-    }
+    if (!DrawableRect(r))
+        return g.Reject();
     const TamColor c = m_pBrush ? m_pBrush->GetColor() : TamColor();
     SetSourceColor(g.cr(), c, OpacityAlpha(unsigned(opacityPercent)));
     EllipsePath(g.cr(), r.Left(), r.Top(), r.Right() - r.Left(), r.Bottom() - r.Top());
@@ -215,10 +205,8 @@ bool OutputDevice::DrawPolygonHQ(const FPolygon& p)
     double l = p[0].x, t = p[0].y, rr = l, b = t;
     for (size_t i = 0; i < p.GetCount(); ++i) {
         const FPoint& q = p[i];
-        if (!Drawable(q.x, q.y)) {
-            g.Fail();
-            return g.Finish();
-        }
+        if (!Drawable(q.x, q.y))
+            return g.Reject();
         cairo_line_to(cr, q.x, q.y);
         l = std::min(l, q.x), t = std::min(t, q.y), rr = std::max(rr, q.x), b = std::max(b, q.y);
     }
@@ -239,10 +227,8 @@ bool OutputDevice::FillTransparentPolygon(const CPolygon& p, const TransparentCo
         return false;
     cairo_t* cr = g.cr();
     for (size_t i = 0; i < p.GetCount(); ++i) {
-        if (!Drawable(double(p[i].x), double(p[i].y))) {
-            g.Fail();
-            return g.Finish();
-        }
+        if (!Drawable(double(p[i].x), double(p[i].y)))
+            return g.Reject();
         cairo_line_to(cr, p[i].x, p[i].y);
     }
     cairo_close_path(cr);
@@ -257,10 +243,8 @@ bool OutputDevice::DrawRing(const CRectangle& r, int32_t width, const Transparen
     HQGraphics g(*this, Smoothing::HighQuality);
     if (!g)
         return false;
-    if (r.IsEmpty() || !DrawableRect(r) || width <= 0 || !Drawable(double(width))) {
-        g.Fail();
-        return g.Finish();
-    }
+    if (r.IsEmpty() || !DrawableRect(r) || width <= 0 || !Drawable(double(width)))
+        return g.Reject();
     const double half = width / 2.0;
     const double x = r.Left() + half, y = r.Top() + half;
     EllipsePath(g.cr(), x, y, double(r.Right()) - r.Left() - width, double(r.Bottom()) - r.Top() - width);
@@ -282,10 +266,8 @@ bool OutputDevice::DrawRoundRect(const CRectangle& r, int32_t width, int32_t rad
     HQGraphics g(*this, Smoothing::HighQuality);
     if (!g)
         return false;
-    if (r.IsEmpty() || !DrawableRect(r) || width <= 0 || !Drawable(double(width), double(radius))) {
-        g.Fail();
-        return g.Finish();
-    }
+    if (r.IsEmpty() || !DrawableRect(r) || width <= 0 || !Drawable(double(width), double(radius)))
+        return g.Reject();
     CRectangle in = r;
     in.Inflate(-width / 2 * 2, -width / 2 * 2); // InflateRect by -width / 2 on each side
     const double l = in.Left(), t = in.Top(), w = double(in.Right()) - l, h = double(in.Bottom()) - t;
@@ -319,10 +301,8 @@ bool OutputDevice::DrawSplineHQ(const FPolygon& p, const TransparentColor& color
     cairo_t* cr = g.cr();
     const size_t n = p.GetCount();
     for (size_t i = 0; i < n; ++i)
-        if (!Drawable(p[i].x, p[i].y, width)) {
-            g.Fail();
-            return g.Finish();
-        }
+        if (!Drawable(p[i].x, p[i].y, width))
+            return g.Reject();
     // Catmull-Rom: the tangent at each point is half the chord between its neighbours (the
     // end points stand in for their missing neighbours).
     cairo_move_to(cr, p[0].x, p[0].y);

@@ -157,10 +157,8 @@ bool OutputDevice::DrawTextHQVertical(const FPoint& pos, const SString& text)
     HQGraphics g(*this, Smoothing::None);
     if (!g)
         return false;
-    if (!Drawable(pos.x, pos.y)) {
-        g.Fail();
-        return g.Finish();
-    }
+    if (!Drawable(pos.x, pos.y))
+        return g.Reject();
     TextCache& t = GetTextCache();
     cairo_t* cr = g.cr();
     cairo_translate(cr, pos.x, pos.y);
