@@ -1,0 +1,121 @@
+#pragma once
+
+// The display backend: the one seam between the library's windows and a windowing system.
+// Backends create native windows, hand out surfaces to paint into and turn native events into
+// the library's message numbers with the original parameter packing, delivered to the one
+// window procedure. They never touch library objects (Window, router, DCManager).
+
+#include <vesk/frame/NativeWindow.hpp>
+
+#include <cairo.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vesk::display {
+
+enum class WindowKind : uint8_t { TopLevel, Child, Popup };
+
+// Show commands and show states: the numbers are the window's show state (1 normal,
+// 2 minimised, 3 maximised); 0 hides.
+enum class ShowCommand : uint8_t { Hide = 0, Normal = 1, Minimised = 2, Maximised = 3 };
+
+enum class CursorShape : uint8_t { Arrow, Wait, IBeam, Cross, Hand, SizeWE, SizeNS, SizeAll, No };
+
+struct WindowSpec
+{
+    WindowKind kind = WindowKind::TopLevel;
+    NativeWindow parent = nullptr; // owner of a popup, parent of a child
+    int32_t x = 0, y = 0;          // top-left: screen coordinates, or the parent's client ones for a child
+    int32_t width = 0, height = 0; // client size in pixels
+    std::string title;             // UTF-8
+};
+
+struct ScreenInfo
+{
+    int32_t x = 0, y = 0, width = 0, height = 0; // pixels
+    double dpi = 96.0;
+};
+
+// Window rectangle in screen coordinates, right = left + width, bottom = top + height.
+struct WindowBox
+{
+    int32_t left = 0, top = 0, right = 0, bottom = 0;
+};
+
+// Receives every event of every native window as (handle, message, wParam, lParam), with
+// the platform's message numbers and packing (WM_MOUSEMOVE 512 with MAKELPARAM(x, y) in
+// signed 16-bit client coordinates and the MK_ key-state bits in wParam, WM_KEYDOWN 256 with
+// the virtual-key code and repeat/scan/transition bits, WM_PAINT 15, WM_CLOSE 16, ...).
+using WindowProcedure = intptr_t (*)(NativeWindow window, uint32_t message, WParam wParam, LParam lParam);
+
+// Every member may be called from any thread unless it says otherwise; events are delivered
+// only from DispatchEvents, on the thread that calls it.
+class DisplayBackend
+{
+public:
+    virtual ~DisplayBackend() = default;
+
+    virtual const char* Name() const = 0; // "headless" or "x11"
+
+    // The procedure that receives all events (null: events are dropped).
+    virtual void SetWindowProcedure(WindowProcedure procedure) = 0;
+
+    // Null when the window cannot be made. Destroying delivers WM_DESTROY (2) first.
+    virtual NativeWindow CreateWindow(const WindowSpec& spec) = 0;
+    virtual void DestroyWindow(NativeWindow window) = 0;
+    virtual bool IsWindow(NativeWindow window) const = 0;
+    virtual size_t WindowCount() const = 0;
+
+    virtual void MoveWindow(NativeWindow window, int32_t x, int32_t y, int32_t width, int32_t height) = 0;
+    virtual WindowBox GetWindowBox(NativeWindow window) const = 0;  // screen coordinates
+    virtual WindowBox GetClientBox(NativeWindow window) const = 0;  // (0, 0, width, height)
+    virtual void Show(NativeWindow window, ShowCommand command) = 0;
+    virtual ShowCommand GetShowState(NativeWindow window) const = 0; // Hide when not visible
+    virtual void SetTitle(NativeWindow window, const std::string& utf8) = 0;
+    virtual void SetCursor(NativeWindow window, CursorShape shape) = 0;
+    virtual void SetFocus(NativeWindow window) = 0;
+    virtual NativeWindow GetFocus() const = 0;
+    virtual void SetCapture(NativeWindow window) = 0; // pointer grab; null releases
+    virtual NativeWindow GetCapture() const = 0;
+
+    // Marks a client rectangle for repainting (null box: all); a WM_PAINT follows from
+    // DispatchEvents.
+    virtual void Invalidate(NativeWindow window, const WindowBox* box) = 0;
+    // Painting: the surface covers the client area; the dirty rectangle is validated. A
+    // surface from BeginPaint or GetSurface is given back with EndPaint/ReleaseSurface, which
+    // shows what was drawn. Null when the window is unknown.
+    virtual cairo_surface_t* BeginPaint(NativeWindow window, WindowBox& dirty) = 0;
+    virtual void EndPaint(NativeWindow window, cairo_surface_t* surface) = 0;
+    virtual cairo_surface_t* GetSurface(NativeWindow window) = 0;
+    virtual void ReleaseSurface(NativeWindow window, cairo_surface_t* surface) = 0;
+    // What the window shows now, as a new ARGB32 image surface of its client size.
+    virtual cairo_surface_t* Snapshot(NativeWindow window) = 0;
+
+    virtual std::vector<ScreenInfo> GetScreens() const = 0;
+
+    // Message box: type and result use the platform's MB_ and ID numbers.
+    virtual int MessageBox(NativeWindow owner, const std::string& text, const std::string& caption,
+                           uint32_t type) = 0;
+
+    // Event loop support (the loop itself is the framework's). Waits until native events
+    // are pending, Wake is called, or timeoutMs passes (negative: no limit); false when the
+    // display is gone.
+    virtual bool WaitEvents(int timeoutMs) = 0;
+    // Delivers all pending native events; UI thread only. False when the display is gone.
+    virtual bool DispatchEvents() = 0;
+    // Ends a WaitEvents from any thread.
+    virtual void Wake() = 0;
+};
+
+std::unique_ptr<DisplayBackend> CreateHeadlessBackend();
+// Null when the display cannot be opened.
+std::unique_ptr<DisplayBackend> CreateX11Backend(const char* displayName);
+
+// The process's backend: VESK_PLATFORM ("x11" or "headless"), else x11 when DISPLAY is set
+// and opens, else headless (saying so on one line of stderr).
+DisplayBackend& GetDisplayBackend();
+
+} // namespace vesk::display
