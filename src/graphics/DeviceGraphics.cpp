@@ -6,6 +6,7 @@
 #include <vesk/graphics/Gradient.hpp>
 #include <vesk/graphics/Pen.hpp>
 
+#include <algorithm>
 #include <cmath>
 
 namespace vesk {
@@ -13,6 +14,16 @@ namespace vesk {
 bool Drawable(double v)
 {
     return std::fabs(v) <= double(1 << 22); // false for NaN and the infinities too
+}
+
+bool ToBox(const CRectangle& r, Box& b)
+{
+    if (r.IsEmpty())
+        return false;
+    auto clamp = [](int64_t v) { return double(std::clamp<int64_t>(v, -(1 << 22), 1 << 22)); };
+    const double l = clamp(std::min(r.Left(), r.Right())), t = clamp(std::min(r.Top(), r.Bottom()));
+    b = {l, t, clamp(std::max(r.Left(), r.Right())) - l + 1, clamp(std::max(r.Top(), r.Bottom())) - t + 1};
+    return true;
 }
 
 namespace {

@@ -24,6 +24,15 @@ bool Drawable(double v, T... rest)
     return Drawable(v) && Drawable(rest...);
 }
 
+// The pixels of an inclusive rectangle as (x, y, w, h), edges ordered and limited to the
+// drawable range.
+struct Box
+{
+    double x = 0, y = 0, w = 0, h = 0;
+};
+// False for an empty rectangle.
+bool ToBox(const CRectangle& r, Box& b);
+
 // Sets `brush` as the source for a shape with the given bounds; false for the null brush.
 bool SetBrushSource(cairo_t* cr, const Brush& brush, const CRectangle& bounds);
 // Sets the pen's colour, width, dashes and cap; false when the pen draws nothing.

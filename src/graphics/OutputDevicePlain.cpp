@@ -9,23 +9,6 @@
 namespace vesk {
 namespace {
 
-// The pixels of an inclusive rectangle as (x, y, w, h), edges ordered and limited to the
-// drawable range; false for an empty rectangle.
-struct Box
-{
-    double x = 0, y = 0, w = 0, h = 0;
-};
-
-bool ToBox(const CRectangle& r, Box& b)
-{
-    if (r.IsEmpty())
-        return false;
-    auto clamp = [](int64_t v) { return double(std::clamp<int64_t>(v, -(1 << 22), 1 << 22)); };
-    const double l = clamp(std::min(r.Left(), r.Right())), t = clamp(std::min(r.Top(), r.Bottom()));
-    b = {l, t, clamp(std::max(r.Left(), r.Right())) - l + 1, clamp(std::max(r.Top(), r.Bottom())) - t + 1};
-    return true;
-}
-
 bool DrawablePoint(const TamPoint& p)
 {
     return Drawable(double(p.x), double(p.y));

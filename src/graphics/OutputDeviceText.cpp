@@ -6,6 +6,7 @@
 #include "platform/utf.hpp"
 
 #include <cmath>
+#include <vector>
 
 namespace vesk {
 namespace {
@@ -36,6 +37,42 @@ void ShowLayout(cairo_t* cr, PangoLayout* layout, const Font& font, double x, do
     SetSourceColor(cr, font.GetColor());
     cairo_move_to(cr, x, y);
     pango_cairo_show_layout(cr, layout);
+}
+
+// One character of stretched text and its natural advance in pixels.
+struct StretchCell
+{
+    std::string utf8;
+    int32_t advance;
+};
+
+// Places each character at its share of the span: the running sum of natural advances scaled
+// by span / total, so that the last one ends exactly at the span (the natural width when
+// width <= 0). The font's fill colour lies under the whole span unless it is transparent.
+void DrawStretchCells(cairo_t* cr, TextCache& t, const TamPoint& pos, const std::vector<StretchCell>& cells,
+                      int32_t width)
+{
+    if (!Drawable(double(pos.x), double(pos.y)) || !Drawable(double(width)))
+        return;
+    int64_t total = 0;
+    for (const StretchCell& c : cells)
+        total += c.advance;
+    const int64_t span = width > 0 ? width : total;
+    auto place = [&](int64_t sum) { return total > 0 ? pos.x + sum * span / total : double(pos.x); };
+    if (!t.font.IsTransparent()) {
+        PangoLayout* probe = t.MakeLayout(cr, "X", false);
+        SetSourceColor(cr, t.font.GetFillColor());
+        cairo_rectangle(cr, pos.x, pos.y, double(span), Logical(probe).height);
+        cairo_fill(cr);
+        g_object_unref(probe);
+    }
+    int64_t sum = 0;
+    for (const StretchCell& c : cells) {
+        PangoLayout* layout = t.MakeLayout(cr, c.utf8, false);
+        ShowLayout(cr, layout, t.font, place(sum), pos.y, false);
+        g_object_unref(layout);
+        sum += c.advance;
+    }
 }
 
 } // namespace
@@ -75,35 +112,38 @@ TamSize OutputDevice::GetTextSizeW(const UString& text)
 void OutputDevice::DrawStretchText(const TamPoint& pos, const SString& text, int32_t width)
 {
     DeviceGraphics g(*this);
-    if (!g || !Drawable(double(pos.x), double(pos.y)) || !Drawable(double(width)))
+    if (!g)
         return;
     TextCache& t = GetTextCache();
     const auto& advances = t.GetAdvances(g.cr());
-    const unsigned n = text.Len();
+    std::vector<StretchCell> cells;
     const char* bytes = text;
-    int64_t total = 0;
-    for (unsigned i = 0; i < n; ++i)
-        total += advances[static_cast<unsigned char>(bytes[i])];
-    const int64_t span = width > 0 ? width : total;
-    // Each character starts at its share of the span: the running sum of natural advances
-    // scaled by span / total, so that the last one ends exactly at the span.
-    auto place = [&](int64_t sum) { return total > 0 ? pos.x + sum * span / total : double(pos.x); };
-    if (!t.font.IsTransparent()) {
-        PangoLayout* probe = t.MakeLayout(g.cr(), "X", false);
-        SetSourceColor(g.cr(), t.font.GetFillColor());
-        cairo_rectangle(g.cr(), pos.x, pos.y, double(span), Logical(probe).height);
-        cairo_fill(g.cr());
-        g_object_unref(probe);
-    }
-    int64_t sum = 0;
-    for (unsigned i = 0; i < n; ++i) {
+    for (unsigned i = 0; i < text.Len(); ++i) {
         const unsigned char c = static_cast<unsigned char>(bytes[i]);
-        const UString one(static_cast<char>(c));
-        PangoLayout* layout = t.MakeLayout(g.cr(), Utf8(one), false);
-        ShowLayout(g.cr(), layout, t.font, place(sum), pos.y, false);
-        g_object_unref(layout);
-        sum += advances[c];
+        cells.push_back({Utf8(UString(static_cast<char>(c))), advances[c]});
     }
+    DrawStretchCells(g.cr(), t, pos, cells, width);
+}
+
+void OutputDevice::DrawStretchTextW(const TamPoint& pos, const UString& text, int32_t width)
+{
+    DeviceGraphics g(*this);
+    if (!g)
+        return;
+    TextCache& t = GetTextCache();
+    std::vector<StretchCell> cells;
+    const char16_t* units = text;
+    for (unsigned i = 0; i < text.Len(); ++i) {
+        // A surrogate pair is one character.
+        const bool pair = i + 1 < text.Len() && units[i] >= 0xD800 && units[i] < 0xDC00 &&
+                          units[i + 1] >= 0xDC00 && units[i + 1] < 0xE000;
+        std::string utf8 = platform::Utf16ToUtf8(std::u16string_view(units + i, pair ? 2 : 1));
+        PangoLayout* layout = t.MakeLayout(g.cr(), utf8, false);
+        cells.push_back({std::move(utf8), Logical(layout).width});
+        g_object_unref(layout);
+        i += pair;
+    }
+    DrawStretchCells(g.cr(), t, pos, cells, width);
 }
 
 void OutputDevice::DrawRotatedText(const CRectangle& r, const SString& text, double degrees)

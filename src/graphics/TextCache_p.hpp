@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace vesk {
 
@@ -30,6 +31,17 @@ struct TextCache
     // The advance in pixels of each byte code in the system code page (made on first use).
     const std::array<int32_t, 256>& GetAdvances(cairo_t* cr);
 
+    // A font family of the context's font map and the pixel heights it offers.
+    struct Family
+    {
+        std::string name;
+        std::vector<int32_t> sizes;
+    };
+    // The families sorted by name (made on first use).
+    const std::vector<Family>& GetFamilies();
+    // The plain family's font metrics for `cr` (the caller unrefs them).
+    PangoFontMetrics* GetMetrics(cairo_t* cr);
+
     Font font;
 
 private:
@@ -38,6 +50,8 @@ private:
     PangoFontDescription* m_pHQDesc = nullptr;
     PangoAttrList* m_pAttrs = nullptr;
     bool m_bHaveAdvances = false;
+    bool m_bHaveFamilies = false;
+    std::vector<Family> m_aFamilies;
     std::array<int32_t, 256> m_aAdvances{};
 };
 

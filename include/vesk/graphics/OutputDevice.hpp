@@ -3,6 +3,7 @@
 #include <vesk/export.hpp>
 #include <vesk/graphics/Brush.hpp>
 #include <vesk/graphics/Font.hpp>
+#include <vesk/graphics/FontMetric.hpp>
 #include <vesk/graphics/Gradient.hpp>
 #include <vesk/graphics/Pen.hpp>
 #include <vesk/graphics/Polygon.hpp>
@@ -33,6 +34,9 @@ enum DeviceKind : uint32_t {
     DEVICE_MEMORY = 2,  // a VirtualDevice's picture; the context is deleted on release
     DEVICE_PRINTER = 3, // a PrinterDevice's document
 };
+
+// Where DrawArrow's tip points.
+enum ArrowDirection : uint8_t { ARROW_UP, ARROW_DOWN, ARROW_LEFT, ARROW_RIGHT };
 
 // Raster operations the plain family honours: copy, and exclusive-or of the source.
 inline constexpr uint32_t ROP_SRCCOPY = 0xCC0020;
@@ -112,6 +116,13 @@ public:
     // (swapped when `sunken`), each drawn with one-pixel lines.
     void Draw3DFrame(const CRectangle& r, int32_t width, const TamColor& light,
                      const TamColor& dark, bool sunken);
+    // The two-pixel grey edge of a field: shadow and dark shadow on the top and left,
+    // highlight and light grey on the bottom and right; mirrored when not `sunken`.
+    void DrawGrayEdge(const CRectangle& r, bool sunken = true);
+    // The largest pixel-exact triangle with a right angle at its tip that fits centred in r,
+    // filled with `color` or with `gradient` fitted to r.
+    void DrawArrow(const CRectangle& r, ArrowDirection direction, const TamColor& color);
+    void DrawArrowGradient(const CRectangle& r, ArrowDirection direction, const RectGradient& gradient);
     void DrawPixel(const TamPoint& p, const TamColor& color);
     // The pixel's platform colour value; 0xFFFFFFFF outside the picture or without one.
     uint32_t GetPixel(const TamPoint& p);
@@ -137,8 +148,23 @@ public:
     // Text placed by the font's table of character advances, spread to span `width`
     // pixels (its natural width when width <= 0).
     void DrawStretchText(const TamPoint& pos, const SString& text, int32_t width = 0);
+    // The same for wide text, each character advancing by its own measured width.
+    void DrawStretchTextW(const TamPoint& pos, const UString& text, int32_t width = 0);
     // Text centred in r, turned counter-clockwise by `degrees`, without background.
     void DrawRotatedText(const CRectangle& r, const SString& text, double degrees);
+
+    // Font families the device can draw with, sorted by name, and the pixel heights each
+    // offers (a scalable family offers the usual ladder from 8 to 72); 0 or an empty name
+    // for an index out of range or without a context.
+    int32_t GetDevFontCount();
+    SString GetDevFont(int32_t index);
+    int32_t GetDevFontSizeCount(int32_t index);
+    int32_t GetDevFontSize(int32_t index, int32_t sizeIndex);
+    // Measures of the current font, and of one character in it; false without a context.
+    bool GetFontMetric(FontMetric& metric);
+    bool GetGlyphMetric(char16_t c, GlyphMetric& metric);
+    // How many colours the device's picture can hold (2^24 for true colour); 0 without a context.
+    uint32_t GetColorCount();
 
     // HQ family; false (0) when the device has no context or the drawing failed.
     bool DrawLineHQ(const FPoint& from, const FPoint& to, const TransparentColor& color,
