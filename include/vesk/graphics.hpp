@@ -23,3 +23,4 @@
 
 // Animated GIF: the reader, its LZW decoder and decoded frames.
 #include <vesk/graphics/AnimatedGif.hpp>
+#include <vesk/graphics/GifPlayer.hpp>

@@ -77,6 +77,8 @@ public:
     int Load(const DirEntry& entry);
     bool IsLoaded() const { return m_bLoaded; }
 
+    // Moves back to the first frame without decoding it.
+    void Rewind();
     // Rewinds and decodes the first frame.
     GifFrame FirstImage();
     // Decodes the next frame; after the last one the animation starts again at the first. An

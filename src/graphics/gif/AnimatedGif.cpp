@@ -35,6 +35,7 @@ int AnimatedGif::Load(const DirEntry& entry)
     return 1;
 }
 
+void AnimatedGif::Rewind() { m_pReader->Rewind(); }
 GifFrame AnimatedGif::FirstImage() { return m_pReader->FirstImage(); }
 GifFrame AnimatedGif::NextImage() { return m_pReader->NextImage(); }
 

@@ -111,7 +111,7 @@ void GifReader::ScanFirst()
 
 GifFrame GifReader::FirstImage()
 {
-    m_nPos = 0;
+    Rewind();
     return NextImage();
 }
 

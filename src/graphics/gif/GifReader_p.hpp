@@ -20,6 +20,8 @@ public:
     // From the start of the data up to and including the first frame, which is decoded (and
     // dropped) so that its graphic control values and size are known.
     void ScanFirst();
+    // Moves the read position back to the start of the data.
+    void Rewind() { m_nPos = 0; }
     GifFrame FirstImage();
     GifFrame NextImage();
 

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <vesk/export.hpp>
+#include <vesk/graphics/AnimatedGif.hpp>
+#include <vesk/graphics/Texture.hpp>
+#include <vesk/values/TamPoint.hpp>
+#include <vesk/values/TamSize.hpp>
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <thread>
+
+namespace vesk {
+
+class OutputDevice;
+class VirtualDevice;
+
+// Where a player shows its canvas. Called on the player thread, with the canvas locked, after
+// every frame; the presenter copies `size` pixels of `canvas` from (0, 0) onto its own device.
+class VESK_API GifPresenter {
+public:
+    virtual ~GifPresenter();
+    virtual void Present(OutputDevice& canvas, const TamSize& size) = 0;
+};
+
+// Plays an AnimatedGif from a thread of its own: frames are composed on a canvas of the
+// logical screen, following each frame's disposal and delay, and the canvas is handed to the
+// presenter after every frame. The animation repeats until Stop. Stopping is a handshake: the
+// requester writes STATE_STOP_REQUESTED and waits until the player writes STATE_STOPPED.
+class VESK_API GifPlayer {
+public:
+    // Plays `gif` (not owned; it must outlive the player and not be loaded while it plays).
+    explicit GifPlayer(AnimatedGif& gif);
+    ~GifPlayer();
+    GifPlayer(const GifPlayer&) = delete;
+    GifPlayer& operator=(const GifPlayer&) = delete;
+
+    // Starts the player thread; false only when its loop is still running. Without a loaded
+    // animation or a presenter, or while playing, it does nothing and returns true.
+    bool Play(GifPresenter* presenter);
+    // Requests a stop and waits until the player has stopped.
+    void Stop();
+    // Stops a running player, takes the texture the canvas is cleared with, and plays again
+    // if it was playing.
+    void SetBackgroundTexture(const Texture& texture);
+    const Texture& GetBackgroundTexture() const { return m_aBackground; }
+
+    AnimatedGif::PlayerState GetState() const { return AnimatedGif::PlayerState(m_nState.load()); }
+    // True while the player thread runs its loop.
+    bool IsPlaying() const { return m_bPlaying.load(); }
+
+    // Paints the first frame at `at` on `device`: over the background texture with the
+    // frame's transparent colour left out, or opaque when the frame has none. False when the
+    // animation has no first frame.
+    bool DrawFirstFrame(OutputDevice& device, const TamPoint& at);
+
+private:
+    void Run(GifPresenter* presenter);
+    void WaitUntilLeft();
+
+    AnimatedGif& m_rGif;
+    Texture m_aBackground;
+    std::atomic<int> m_nState{AnimatedGif::STATE_IDLE};
+    std::atomic<bool> m_bPlaying{false};
+    // Guards the canvas between the player thread and the thread that replaces it.
+    std::atomic<uint32_t> m_nSpin{0};
+    std::unique_ptr<VirtualDevice> m_pCanvas;
+    GifPresenter* m_pPresenter = nullptr;
+    std::thread m_aThread;
+};
+
+} // namespace vesk

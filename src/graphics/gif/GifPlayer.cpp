@@ -1,0 +1,146 @@
+#include <vesk/graphics/GifPlayer.hpp>
+
+#include "common/SpinLock.hpp"
+#include "graphics/gif/GifCanvas_p.hpp"
+#include "platform/thread_priority.hpp"
+
+#include <vesk/frame/ColorName.hpp>
+#include <vesk/graphics/VirtualDevice.hpp>
+
+#include <chrono>
+
+namespace vesk {
+
+GifPresenter::~GifPresenter() = default;
+
+namespace {
+
+constexpr int kButtonFace = 25; // the colour the canvas starts in
+
+bool RestoresArea(uint8_t disposal)
+{
+    // Both restore-to-background (8) and restore-to-previous (12) put back what was under
+    // the frame before it was drawn.
+    return disposal == 8 || disposal == 12;
+}
+
+} // namespace
+
+GifPlayer::GifPlayer(AnimatedGif& gif)
+    : m_rGif(gif), m_aBackground(TamColor(static_cast<ColorName>(kButtonFace)))
+{
+}
+
+GifPlayer::~GifPlayer()
+{
+    Stop();
+    WaitUntilLeft();
+}
+
+bool GifPlayer::Play(GifPresenter* presenter)
+{
+    if (m_bPlaying.load())
+        return false;
+    if (!m_rGif.IsLoaded() || !presenter || m_nState.load() == AnimatedGif::STATE_PLAYING)
+        return true;
+    if (m_aThread.joinable())
+        m_aThread.join(); // a player that has left its loop
+    m_rGif.Rewind();
+    m_pPresenter = presenter;
+    m_nState.store(AnimatedGif::STATE_PLAYING);
+    m_bPlaying.store(true);
+    m_aThread = std::thread([this, presenter] { Run(presenter); });
+    return true;
+}
+
+void GifPlayer::Stop()
+{
+    int playing = AnimatedGif::STATE_PLAYING;
+    if (m_nState.compare_exchange_strong(playing, AnimatedGif::STATE_STOP_REQUESTED))
+        while (m_nState.load() != AnimatedGif::STATE_STOPPED)
+            std::this_thread::yield();
+}
+
+void GifPlayer::WaitUntilLeft()
+{
+    while (m_bPlaying.load())
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    if (m_aThread.joinable())
+        m_aThread.join();
+}
+
+void GifPlayer::SetBackgroundTexture(const Texture& texture)
+{
+    const bool wasPlaying = m_nState.load() == AnimatedGif::STATE_PLAYING;
+    GifPresenter* presenter = m_pPresenter;
+    Stop();
+    WaitUntilLeft();
+    m_aBackground = texture;
+    if (wasPlaying)
+        Play(presenter);
+}
+
+void GifPlayer::Run(GifPresenter* presenter)
+{
+    platform::LowerCurrentThreadPriority();
+    const TamSize screen(m_rGif.GetScreenWidth(), m_rGif.GetScreenHeight());
+    {
+        SpinGuard guard(m_nSpin);
+        m_pCanvas.reset();
+        if (m_rGif.IsScreenDrawable()) {
+            m_pCanvas = std::make_unique<VirtualDevice>(screen);
+            m_pCanvas->ChangeBackgroundTexture(m_aBackground);
+            m_pCanvas->Erase(CRectangle(TamPoint(0, 0), screen));
+        }
+    }
+    uint8_t previousDisposal = 4; // leave in place
+    TamPoint previousAt;
+    std::unique_ptr<VirtualDevice> saved;
+    GifClock& clock = m_rGif.GetClock();
+    while (m_nState.load() != AnimatedGif::STATE_STOP_REQUESTED) {
+        const uint64_t ticks = clock.GetTicks();
+        {
+            SpinGuard guard(m_nSpin);
+            if (RestoresArea(previousDisposal) && saved && m_pCanvas) {
+                m_pCanvas->DrawOutDev(previousAt, saved->GetOutputSize(), *saved, TamPoint(0, 0));
+                saved.reset();
+            }
+            m_rGif.ClearDisposal();
+            const GifFrame frame = m_rGif.NextImage();
+            previousDisposal = m_rGif.GetDisposal();
+            if (!frame.IsEmpty() && m_pCanvas) {
+                previousAt = TamPoint(frame.GetLeft(), frame.GetTop());
+                const TamSize size(frame.GetWidth(), frame.GetHeight());
+                if (RestoresArea(previousDisposal)) {
+                    saved = std::make_unique<VirtualDevice>(size);
+                    saved->DrawOutDev(TamPoint(0, 0), size, *m_pCanvas, previousAt);
+                }
+                DrawFrame(*m_pCanvas, frame, previousAt, true);
+            }
+            if (m_pCanvas)
+                presenter->Present(*m_pCanvas, screen);
+        }
+        AnimatedGif::WaitFrameDelay(clock, ticks, m_rGif.GetFrameDelayMs(), m_nState);
+    }
+    m_nState.store(AnimatedGif::STATE_STOPPED);
+    m_bPlaying.store(false); // the last touch of this object by the player thread
+}
+
+bool GifPlayer::DrawFirstFrame(OutputDevice& device, const TamPoint& at)
+{
+    const GifFrame frame = m_rGif.FirstImage();
+    if (frame.IsEmpty())
+        return false;
+    if (m_rGif.IsTransparent()) {
+        const Texture previous = device.GetBackgroundTexture();
+        device.ChangeBackgroundTexture(m_aBackground);
+        device.Erase(CRectangle(at, TamSize(frame.GetWidth(), frame.GetHeight())));
+        device.ChangeBackgroundTexture(previous);
+        DrawFrame(device, frame, at, false, m_rGif.GetTransparentColor());
+    } else {
+        DrawFrame(device, frame, at, true);
+    }
+    return true;
+}
+
+} // namespace vesk
