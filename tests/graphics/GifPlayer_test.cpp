@@ -56,6 +56,11 @@ public:
         std::lock_guard lock(m_aMutex);
         return shown.size();
     }
+    std::vector<uint32_t> Shown(size_t i)
+    {
+        std::lock_guard lock(m_aMutex);
+        return shown[i];
+    }
     std::vector<std::vector<uint32_t>> shown;
     std::vector<uint64_t> times;
 
@@ -171,7 +176,7 @@ TEST(GifPlayer, StatesAndTheStopHandshake)
             std::this_thread::yield();
         ASSERT_TRUE(player.Play(&rec));
         rec.WaitFor(before + 1);
-        EXPECT_EQ(rec.shown[before], (std::vector<uint32_t>(8, 10)));
+        EXPECT_EQ(rec.Shown(before), (std::vector<uint32_t>(8, 10)));
         // The destructor stops a playing player.
     }
     AnimatedGif empty;
@@ -192,7 +197,7 @@ TEST(GifPlayer, NewBackgroundRestartsThePlayer)
     player.SetBackgroundTexture(Texture(TamColor(0x000040u)));
     ASSERT_TRUE(player.Play(&rec));
     rec.WaitFor(1);
-    EXPECT_EQ(rec.shown[0], (std::vector<uint32_t>{10, 10, 0x40, 0x40}));
+    EXPECT_EQ(rec.Shown(0), (std::vector<uint32_t>{10, 10, 0x40, 0x40}));
     player.SetBackgroundTexture(Texture(TamColor(0x0000A0u)));
     EXPECT_EQ(player.GetState(), AnimatedGif::STATE_PLAYING);
     rec.WaitFor(rec.Count() + 1);
