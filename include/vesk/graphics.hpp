@@ -21,5 +21,8 @@
 #include <vesk/graphics/PrinterDevice.hpp>
 #include <vesk/graphics/VirtualDevice.hpp>
 
+// Bitmaps: the image value, its files and operations.
+#include <vesk/graphics/Bitmap.hpp>
+
 // Animated GIF: the reader, its LZW decoder and decoded frames.
 #include <vesk/graphics/AnimatedGif.hpp>
