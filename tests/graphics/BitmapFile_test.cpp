@@ -233,6 +233,22 @@ TEST(BitmapFile, FailedSavesLeaveNothingBehind)
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path()), {}), 2); // locked, keep.png
 }
 
+// Files of 16 MiB and more are mapped instead of read; the picture is the same. JPEG and TIFF
+// readers ignore what follows the image.
+TEST(BitmapFile, LargeFilesReadThroughTheMapping)
+{
+    test::TempDir dir;
+    Bitmap source = test::NoisyBitmap(9, 7);
+    for (const char* name : {"big.tif", "big.jpg"}) {
+        const std::string path = dir.File(name);
+        ASSERT_EQ(source.Save(DirEntry(SString(path.c_str()))), ERR_OK);
+        const std::vector<uint32_t> small = PixelsOf(LoadFile(path));
+        ASSERT_FALSE(small.empty());
+        std::filesystem::resize_file(path, 16 * 1024 * 1024 + 1);
+        EXPECT_EQ(PixelsOf(LoadFile(path)), small) << name;
+    }
+}
+
 // An opaque view without a picture is saved through the picture made from it.
 TEST(BitmapFile, OpaqueViewIsSavedAsAPicture)
 {
