@@ -58,9 +58,9 @@ TEST(BitmapPixels, PremultiplyUndoesUnpremultiplyForEveryValidPixel)
     for (uint32_t a = 0; a < 256; ++a)
         for (uint32_t c = 0; c <= a; ++c) {
             const uint32_t p = a << 24 | c << 16 | c << 8 | c;
-            ASSERT_EQ(codecs::Premultiply(codecs::Unpremultiply(p)), p) << a << " " << c;
+            ASSERT_EQ(codecs::PremultipliedPixel(codecs::StraightPixel(p)), p) << a << " " << c;
         }
-    EXPECT_EQ(codecs::Unpremultiply(0x80FF0000u), 0x80FF0000u); // channel above alpha reads 255
+    EXPECT_EQ(codecs::StraightPixel(0x80FF0000u), 0x80FF0000u); // channel above alpha reads 255
 }
 
 TEST(BitmapFile, LosslessFormatsRoundTripEveryPixel)

@@ -4,6 +4,7 @@
 
 #include <vesk/graphics/Bitmap.hpp>
 
+#include "graphics/codecs/Argb_p.hpp"
 #include "graphics/codecs/ImageCodec_p.hpp"
 
 #include <cstdint>
@@ -23,7 +24,7 @@ Bitmap MakeBitmap(int32_t w, int32_t h, F f)
     std::vector<uint32_t> pixels(size_t(w) * size_t(h));
     for (int32_t y = 0; y < h; ++y)
         for (int32_t x = 0; x < w; ++x)
-            pixels[size_t(y) * size_t(w) + size_t(x)] = codecs::Premultiply(f(x, y));
+            pixels[size_t(y) * size_t(w) + size_t(x)] = codecs::PremultipliedPixel(f(x, y));
     return Bitmap(TamSize(w, h), std::move(pixels));
 }
 
@@ -41,7 +42,7 @@ inline Bitmap NoisyBitmap(int32_t w, int32_t h)
 inline uint32_t PixelAt(const Bitmap& b, int32_t x, int32_t y)
 {
     const BitmapPixels p = b.GetPGdiplusBitmap();
-    return codecs::Unpremultiply(p.pixels[size_t(y) * size_t(p.stride) + size_t(x)]);
+    return codecs::StraightPixel(p.pixels[size_t(y) * size_t(p.stride) + size_t(x)]);
 }
 
 inline std::vector<uint32_t> PixelsOf(const Bitmap& b)

@@ -23,7 +23,7 @@ bool CopyView(const BitmapPixels& view, bool opaque, PixelImage& image)
         const uint32_t* in = view.pixels + size_t(y) * size_t(stride);
         uint32_t* out = image.pixels.data() + size_t(y) * size_t(view.width);
         for (int32_t x = 0; x < view.width; ++x)
-            out[x] = opaque ? in[x] | 0xFF000000u : view.premultiplied ? in[x] : codecs::Premultiply(in[x]);
+            out[x] = opaque ? in[x] | 0xFF000000u : view.premultiplied ? in[x] : codecs::PremultipliedPixel(in[x]);
     }
     return true;
 }

@@ -36,7 +36,7 @@ Bitmap ColorMatrixCopy(const Bitmap& source, Transform transform)
     for (int32_t y = 0; y < side; ++y) {
         for (int32_t x = 0; x < side; ++x) {
             const size_t i = size_t(y) * size_t(picture->width) + size_t(x);
-            out.pixels[i] = codecs::Premultiply(transform(codecs::Unpremultiply(picture->pixels[i])));
+            out.pixels[i] = codecs::PremultipliedPixel(transform(codecs::StraightPixel(picture->pixels[i])));
         }
     }
     return BitmapAccess::FromImage(std::move(out));
@@ -79,7 +79,7 @@ void Bitmap::MakeColorTransparent(const TamColor& color, int, int tolerance)
     const int64_t limit = int64_t(tolerance) * tolerance;
     const uint32_t kr = color.Get8BitRed(), kg = color.Get8BitGreen(), kb = color.Get8BitBlue();
     for (uint32_t& p : picture->pixels) {
-        const uint32_t s = codecs::Unpremultiply(p);
+        const uint32_t s = codecs::StraightPixel(p);
         // Differences modulo 256: a channel one below the key is 255 away.
         const int64_t dr = uint8_t(Channel(s, 16) - kr), dg = uint8_t(Channel(s, 8) - kg),
                       db = uint8_t(Channel(s, 0) - kb);
@@ -95,7 +95,7 @@ void Bitmap::MakeTransparent(int opacityPercent)
         return;
     const uint32_t alpha = uint32_t(opacityPercent * 255 / 100) & 0xFF;
     for (uint32_t& p : picture->pixels)
-        p = codecs::Premultiply(alpha << 24 | (codecs::Unpremultiply(p) & 0xFFFFFF));
+        p = codecs::PremultipliedPixel(alpha << 24 | (codecs::StraightPixel(p) & 0xFFFFFF));
 }
 
 void Bitmap::MakeTransparent(Bitmap& mask, unsigned long color)
@@ -109,7 +109,7 @@ void Bitmap::MakeTransparent(Bitmap& mask, unsigned long color)
     const int32_t width = std::min(picture->width, keys->width), height = std::min(picture->height, keys->height);
     for (int32_t y = 0; y < height; ++y)
         for (int32_t x = 0; x < width; ++x)
-            if ((codecs::Unpremultiply(keys->pixels[size_t(y) * size_t(keys->width) + size_t(x)]) & 0xFFFFFF) == key)
+            if ((codecs::StraightPixel(keys->pixels[size_t(y) * size_t(keys->width) + size_t(x)]) & 0xFFFFFF) == key)
                 picture->pixels[size_t(y) * size_t(picture->width) + size_t(x)] = 0;
 }
 

@@ -4,6 +4,7 @@
 
 #include <vesk/graphics/Bitmap.hpp>
 
+#include "graphics/codecs/Argb_p.hpp"
 #include "graphics/codecs/ImageCodec_p.hpp"
 
 #include <atomic>

@@ -50,28 +50,6 @@ extern const ImageCodec kBmpCodec;
 inline constexpr int kDefaultJpegQuality = 90;
 bool EncodeJpegQuality(const PixelImage& image, int quality, std::vector<uint8_t>& data);
 
-// Conversions between the premultiplied form and straight colour. Premultiplying what
-// Unpremultiply gave returns the original pixel exactly.
-inline uint32_t Unpremultiply(uint32_t p)
-{
-    const uint32_t a = p >> 24;
-    if (a == 255 || a == 0)
-        return a == 0 ? 0 : p;
-    // A channel above its alpha (not a valid premultiplied pixel) reads as 255.
-    auto channel = [a](uint32_t c) { return c >= a ? 255u : (c * 255 + a / 2) / a; };
-    return a << 24 | channel((p >> 16) & 0xFF) << 16 | channel((p >> 8) & 0xFF) << 8 | channel(p & 0xFF);
-}
-inline uint32_t Premultiply(uint32_t p)
-{
-    const uint32_t a = p >> 24;
-    if (a == 255)
-        return p;
-    const uint32_t r = (((p >> 16) & 0xFF) * a + 127) / 255;
-    const uint32_t g = (((p >> 8) & 0xFF) * a + 127) / 255;
-    const uint32_t b = ((p & 0xFF) * a + 127) / 255;
-    return a << 24 | r << 16 | g << 8 | b;
-}
-
 // The codec whose sniff accepts `head` (png, jpeg, tiff, gif, bmp in that order); null for
 // none.
 const ImageCodec* SniffCodec(std::span<const uint8_t> head);

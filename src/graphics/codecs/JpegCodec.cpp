@@ -1,3 +1,4 @@
+#include "graphics/codecs/Argb_p.hpp"
 #include "graphics/codecs/ImageCodec_p.hpp"
 
 #include <algorithm>
@@ -137,7 +138,7 @@ void TermDestination(j_compress_ptr info)
 void StraightRow(const uint32_t* in, uint32_t* out, int32_t width)
 {
     for (int32_t x = 0; x < width; ++x)
-        out[x] = Unpremultiply(in[x]);
+        out[x] = StraightPixel(in[x]);
 }
 
 bool WriteJpeg(jpeg_compress_struct& jpeg, const PixelImage& image, std::vector<uint32_t>& row)

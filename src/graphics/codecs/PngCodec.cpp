@@ -1,3 +1,4 @@
+#include "graphics/codecs/Argb_p.hpp"
 #include "graphics/codecs/ImageCodec_p.hpp"
 
 #include <png.h>
@@ -38,7 +39,7 @@ bool DecodePng(std::span<const uint8_t> data, PixelImage& image)
     image.width = int32_t(png.width);
     image.height = int32_t(png.height);
     for (uint32_t& p : image.pixels)
-        p = Premultiply(p);
+        p = PremultipliedPixel(p);
     return true;
 }
 
@@ -49,7 +50,7 @@ bool EncodePng(const PixelImage& image, std::vector<uint8_t>& data)
         return false;
     std::vector<uint32_t> straight(image.pixels.size());
     for (size_t i = 0; i < straight.size(); ++i)
-        straight[i] = Unpremultiply(image.pixels[i]);
+        straight[i] = StraightPixel(image.pixels[i]);
     png_image png;
     std::memset(&png, 0, sizeof png);
     png.version = PNG_IMAGE_VERSION;
