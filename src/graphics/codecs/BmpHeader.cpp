@@ -84,7 +84,8 @@ bool ParseHeader(std::span<const uint8_t> file, Header& header)
     header.width = int32_t(width);
     header.height = int32_t(height);
 
-    size_t afterHeader = info + infoSize;
+    // Only pictures of 8 bits and fewer have a palette, and they have no masks before it.
+    const size_t afterHeader = info + infoSize;
     header.masks = DefaultMasks(header.bitsPerPixel);
     if (header.compression == kBitFields || header.compression == kAlphaBitFields) {
         // A 40-byte header is followed by the masks (three, or four with alpha); the longer
@@ -95,8 +96,6 @@ bool ParseHeader(std::span<const uint8_t> file, Header& header)
             return false;
         for (size_t i = 0; i < 4; ++i)
             header.masks[i] = i < count ? ReadLe32(file, at + 4 * i) : 0;
-        if (infoSize == 40)
-            afterHeader += 4 * count;
     }
 
     header.paletteOffset = afterHeader;

@@ -164,11 +164,11 @@ TEST(BmpCodec, ReadsPalettedDepthsBottomUpAndTopDown)
     EXPECT_EQ(image.pixels[17], 0xFF0000FFu);    // ninth pixel, from the second byte
 
     // 4 bits, top-down, an index past the palette reads as black.
-    BmpFile four{.width = 3, .height = -1, .bits = 4, .palette = {red, green, blue}};
-    four.pixels = {0x21, 0x50, 0, 0};
+    BmpFile four{.width = 3, .height = -2, .bits = 4, .palette = {red, green, blue}};
+    four.pixels = {0x21, 0x50, 0, 0, 0x00, 0x10, 0, 0};
     image = Decode(four.Build());
-    EXPECT_EQ(image.height, 1);
-    EXPECT_EQ(image.pixels, Pixels({0xFF0000FF, 0xFF00FF00, 0xFF000000}));
+    EXPECT_EQ(image.height, 2);
+    EXPECT_EQ(image.pixels, Pixels({0xFF0000FF, 0xFF00FF00, 0xFF000000, 0xFFFF0000, 0xFFFF0000, 0xFF00FF00}));
 
     // 8 bits through the core header, whose palette holds BGR triples and here ends where
     // the pixels begin.
