@@ -1,6 +1,6 @@
-// Wu's colour quantiser: a histogram over 32 levels per channel with the first and second
-// moments of the exact colours that fall in each cell, summed into cumulative tables so that
-// the weight, colour sums and variance of any box come from eight look-ups. The box with the
+// Wu's colour quantiser: a histogram over 32 levels per channel with the pixel count and the
+// sums of the exact colours that fall in each cell, summed into cumulative tables so that the
+// weight, colour sums and variance of any box come from eight look-ups. The box with the
 // largest variance is cut repeatedly where the two halves' summed squared means are largest;
 // each palette colour is the exact mean of its box's pixels.
 #include "graphics/codecs/Quantize_p.hpp"
