@@ -1,6 +1,7 @@
 // Uncompressed and run-length encoded BMP pictures into premultiplied ARGB. Pixels are first
-// written with straight alpha; a picture with an alpha channel that is zero throughout was
-// written by a program that leaves that byte unused, so it counts as opaque.
+// written with straight alpha. In a plain 32-bit picture the fourth byte is officially unused:
+// when it is zero throughout it counts as opaque, otherwise as alpha. An alpha mask that the
+// file names is taken as it stands, so that a wholly transparent picture survives a round trip.
 #include "graphics/codecs/Argb_p.hpp"
 #include "graphics/codecs/BmpDecode_p.hpp"
 #include "graphics/codecs/LittleEndian_p.hpp"
@@ -95,7 +96,7 @@ void DecodeUncompressed(std::span<const uint8_t> file, const Header& header, Pix
     }
     if (header.bitsPerPixel >= 16) {
         for (uint32_t& pixel : image.pixels)
-            pixel = alphaSeen ? PremultipliedPixel(pixel >> 24, pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF)
+            pixel = alphaSeen || header.declaredAlpha ? PremultipliedPixel(pixel >> 24, pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF)
                               : pixel | 0xFF000000u;
     }
 }

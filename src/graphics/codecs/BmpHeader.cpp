@@ -37,7 +37,7 @@ bool IsReadableLayout(uint16_t bits, uint32_t compression)
 }
 
 // The masks uncompressed 16- and 32-bit pictures imply: 5-5-5, and 8-8-8 with the top byte
-// as alpha (the decoder ignores an alpha channel that is zero throughout).
+// as alpha (which the decoder ignores when it is zero throughout).
 std::array<uint32_t, 4> DefaultMasks(uint16_t bits)
 {
     if (bits == 16)
@@ -84,7 +84,8 @@ bool ParseHeader(std::span<const uint8_t> file, Header& header)
     header.width = int32_t(width);
     header.height = int32_t(height);
 
-    size_t afterHeader = info + infoSize;
+    // Only pictures of 8 bits and fewer have a palette, and they have no masks before it.
+    const size_t afterHeader = info + infoSize;
     header.masks = DefaultMasks(header.bitsPerPixel);
     if (header.compression == kBitFields || header.compression == kAlphaBitFields) {
         // A 40-byte header is followed by the masks (three, or four with alpha); the longer
@@ -95,8 +96,7 @@ bool ParseHeader(std::span<const uint8_t> file, Header& header)
             return false;
         for (size_t i = 0; i < 4; ++i)
             header.masks[i] = i < count ? ReadLe32(file, at + 4 * i) : 0;
-        if (infoSize == 40)
-            afterHeader += 4 * count;
+        header.declaredAlpha = header.masks[3] != 0;
     }
 
     header.paletteOffset = afterHeader;

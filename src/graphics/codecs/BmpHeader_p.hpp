@@ -19,6 +19,7 @@ struct Header
     uint16_t bitsPerPixel = 0;
     uint32_t compression = kRgb;
     std::array<uint32_t, 4> masks{}; // red, green, blue, alpha for 16 and 32 bits per pixel
+    bool declaredAlpha = false;      // the file names an alpha mask rather than implying one
     size_t paletteOffset = 0;
     size_t paletteEntries = 0;
     size_t paletteEntryBytes = 4; // 3 with the core header

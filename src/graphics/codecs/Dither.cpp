@@ -15,7 +15,7 @@ namespace {
 class NearestColour
 {
 public:
-    explicit NearestColour(const std::vector<Rgb>& palette) : m_cache(size_t(1) << 18, 0)
+    explicit NearestColour(const std::vector<Rgb>& palette) : m_cache(size_t(1) << 15, 0)
     {
         for (size_t i = 0; i < palette.size(); ++i)
             m_byGreen.push_back({palette[i].g, palette[i].r, palette[i].b, int(i)});
@@ -25,9 +25,9 @@ public:
     // The palette entry for a colour as (index + 1) << 24 | red << 16 | green << 8 | blue.
     uint32_t Find(int r, int g, int b)
     {
-        uint32_t& cached = m_cache[size_t((r >> 2) << 12 | (g >> 2) << 6 | (b >> 2))];
+        uint32_t& cached = m_cache[size_t((r >> 3) << 10 | (g >> 3) << 5 | (b >> 3))];
         if (cached == 0)
-            cached = Search((r & ~3) + 2, (g & ~3) + 2, (b & ~3) + 2);
+            cached = Search((r & ~7) + 4, (g & ~7) + 4, (b & ~7) + 4);
         return cached;
     }
 
@@ -54,9 +54,10 @@ private:
         return uint32_t(found[3] + 1) << 24 | uint32_t(found[1]) << 16 | uint32_t(found[0]) << 8 | uint32_t(found[2]);
     }
 
-    // Nearest colours of the cube's 64x64x64 cells (0 until needed), each for the cell's
-    // centre: dithering corrects the difference of at most two levels a channel that this
-    // leaves, through the error it carries on.
+    // Nearest colours of the cube's 32x32x32 cells (0 until needed), each for the cell's
+    // centre: diffusion makes up for the difference of at most four levels a channel that
+    // this leaves, through the error it carries on, and the table stays small enough for
+    // the processor's cache.
     std::vector<uint32_t> m_cache;
     std::vector<std::array<int, 4>> m_byGreen; // green, red, blue, palette index
 };

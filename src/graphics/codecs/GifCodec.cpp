@@ -26,7 +26,8 @@ int ReadMemory(GifFileType* gif, GifByteType* out, int length)
 {
     auto* in = static_cast<MemoryInput*>(gif->UserData);
     const size_t take = std::min(size_t(length), in->data.size() - in->at);
-    std::memcpy(out, in->data.data() + in->at, take);
+    if (take > 0)
+        std::memcpy(out, in->data.data() + in->at, take);
     in->at += take;
     return int(take);
 }

@@ -1,6 +1,6 @@
-// Wu's colour quantiser: a histogram over 32 levels per channel with the first and second
-// moments of the exact colours that fall in each cell, summed into cumulative tables so that
-// the weight, colour sums and variance of any box come from eight look-ups. The box with the
+// Wu's colour quantiser: a histogram over 32 levels per channel with the pixel count and the
+// sums of the exact colours that fall in each cell, summed into cumulative tables so that the
+// weight, colour sums and variance of any box come from eight look-ups. The box with the
 // largest variance is cut repeatedly where the two halves' summed squared means are largest;
 // each palette colour is the exact mean of its box's pixels.
 #include "graphics/codecs/Quantize_p.hpp"
@@ -18,7 +18,8 @@ constexpr int kSide = 33; // 32 levels plus the zero row of the cumulative table
 
 struct Moments
 {
-    int64_t weight = 0, r = 0, g = 0, b = 0, squares = 0;
+    int64_t weight = 0, r = 0, g = 0, b = 0;
+    double squares = 0;
 
     Moments& operator+=(const Moments& o)
     {
@@ -37,6 +38,11 @@ struct Moments
     }
 };
 
+struct CellSums
+{
+    uint32_t weight = 0, r = 0, g = 0, b = 0;
+};
+
 // Lower bounds exclusive, upper inclusive, in cumulative-table coordinates.
 struct Box
 {
@@ -50,13 +56,34 @@ public:
     explicit CumulativeMoments(std::span<const uint32_t> pixels, bool keyTransparent)
         : m_table(std::make_unique<Moments[]>(size_t(kSide) * kSide * kSide))
     {
-        for (uint32_t p : pixels) {
-            if (IsKeyedOut(p, keyTransparent))
-                continue;
-            const int64_t r = p >> 16 & 0xFF, g = p >> 8 & 0xFF, b = p & 0xFF;
-            Moments& m = At(int(r >> 3) + 1, int(g >> 3) + 1, int(b >> 3) + 1);
-            m += Moments{1, r, g, b, r * r + g * g + b * b};
+        // Counted first in compact 32-bit cells, emptied into the table before their colour
+        // sums could overflow. The squares are taken per cell as if all its pixels had the
+        // cell's mean colour: cuts only fall between cells, so the spread inside one does not
+        // change where they go, only (slightly) the order in which boxes are cut.
+        constexpr size_t kChunk = size_t(1) << 24;
+        std::vector<CellSums> cells(size_t(1) << 15);
+        for (size_t start = 0; start < pixels.size(); start += kChunk) {
+            for (uint32_t p : pixels.subspan(start, std::min(kChunk, pixels.size() - start))) {
+                if (IsKeyedOut(p, keyTransparent))
+                    continue;
+                CellSums& cell = cells[(p >> 9 & 0x7C00) | (p >> 6 & 0x3E0) | (p >> 3 & 0x1F)];
+                cell.weight += 1;
+                cell.r += p >> 16 & 0xFF;
+                cell.g += p >> 8 & 0xFF;
+                cell.b += p & 0xFF;
+            }
+            for (size_t i = 0; i < cells.size(); ++i) {
+                const CellSums& c = cells[i];
+                if (c.weight == 0)
+                    continue;
+                Moments& m = At(int(i >> 10) + 1, int(i >> 5 & 31) + 1, int(i & 31) + 1);
+                m += Moments{c.weight, c.r, c.g, c.b, 0};
+                cells[i] = {};
+            }
         }
+        for (Moments* m = m_table.get(); m != m_table.get() + size_t(kSide) * kSide * kSide; ++m)
+            if (m->weight)
+                m->squares = m->SquaredMeanSum();
         // Running sums along blue, then green, then red.
         for (int r = 1; r < kSide; ++r) {
             std::array<Moments, kSide> area{};
@@ -106,7 +133,7 @@ private:
 double Variance(const CumulativeMoments& moments, const Box& box)
 {
     const Moments m = moments.Of(box);
-    return double(m.squares) - m.SquaredMeanSum();
+    return m.squares - m.SquaredMeanSum();
 }
 
 // Cuts `box` into itself and `other` at the plane that most reduces their summed variance;

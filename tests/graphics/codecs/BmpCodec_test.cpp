@@ -140,6 +140,13 @@ TEST(BmpCodec, EveryPremultipliedPixelRoundTripsThrough32Bits)
         ASSERT_EQ(back.pixels[i], image.pixels[i]) << std::hex << image.pixels[i];
 }
 
+TEST(BmpCodec, WhollyTransparentPicturesStayTransparent)
+{
+    // The alpha mask in the written header is what keeps these from reading as opaque.
+    const PixelImage clear{3, 2, std::vector<uint32_t>(6, 0)};
+    EXPECT_EQ(RoundTrip(clear, 32).pixels, clear.pixels);
+}
+
 TEST(BmpCodec, PicturesThatCannotBeWrittenAreRefused)
 {
     Bytes file;
@@ -164,11 +171,11 @@ TEST(BmpCodec, ReadsPalettedDepthsBottomUpAndTopDown)
     EXPECT_EQ(image.pixels[17], 0xFF0000FFu);    // ninth pixel, from the second byte
 
     // 4 bits, top-down, an index past the palette reads as black.
-    BmpFile four{.width = 3, .height = -1, .bits = 4, .palette = {red, green, blue}};
-    four.pixels = {0x21, 0x50, 0, 0};
+    BmpFile four{.width = 3, .height = -2, .bits = 4, .palette = {red, green, blue}};
+    four.pixels = {0x21, 0x50, 0, 0, 0x00, 0x10, 0, 0};
     image = Decode(four.Build());
-    EXPECT_EQ(image.height, 1);
-    EXPECT_EQ(image.pixels, Pixels({0xFF0000FF, 0xFF00FF00, 0xFF000000}));
+    EXPECT_EQ(image.height, 2);
+    EXPECT_EQ(image.pixels, Pixels({0xFF0000FF, 0xFF00FF00, 0xFF000000, 0xFFFF0000, 0xFFFF0000, 0xFF00FF00}));
 
     // 8 bits through the core header, whose palette holds BGR triples and here ends where
     // the pixels begin.
@@ -200,6 +207,11 @@ TEST(BmpCodec, ReadsDirectColourDepthsAndBitFields)
     // ...but one non-zero alpha byte makes it an alpha channel, read straight and premultiplied.
     BmpFile argb{.width = 2, .height = 1, .bits = 32, .pixels = {0, 0, 200, 0, 10, 20, 30, 128}};
     EXPECT_EQ(Decode(argb.Build()).pixels, Pixels({0x00000000, 0x800F0A05}));
+
+    // A named alpha mask is taken as it stands even when it is zero throughout.
+    BmpFile named{.width = 1, .height = 1, .bits = 32, .compression = 6,
+                  .masks = {0xFF0000, 0xFF00, 0xFF, 0xFF000000}, .pixels = {1, 2, 3, 0}};
+    EXPECT_EQ(Decode(named.Build()).pixels, Pixels({0}));
 
     // Masks in unusual places: a 56-byte header with red in the low byte and alpha on top.
     BmpFile abgr{.infoSize = 56, .width = 1, .height = 1, .bits = 32, .compression = 3,

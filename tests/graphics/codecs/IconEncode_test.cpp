@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -82,6 +83,19 @@ TEST(IconEncode, MagentaScanAlsoCoversMaskBytesAcrossRows)
     EXPECT_EQ(Le32(file, mask + 4), 0x80FFu);
     EXPECT_EQ(Le32(file, mask + 8), 0u);       // cleared
     EXPECT_EQ(Le32(file, mask + 12), 0u);
+
+    // 8-pixel rows still take 16 bits each: clear, opaque, clear, opaque rows are the words
+    // 0x000000FF twice, not FF 00 FF 00.
+    PixelImage narrow{8, 4, std::vector<uint32_t>(32, 0xFF000000)};
+    std::fill(narrow.pixels.begin(), narrow.pixels.begin() + 8, 0);
+    std::fill(narrow.pixels.begin() + 16, narrow.pixels.begin() + 24, 0);
+    const Bytes small = Icon(narrow);
+    const size_t narrowMask = 62 + 4 * 32;
+    ASSERT_EQ(small.size(), narrowMask + 16);
+    EXPECT_EQ(Le32(small, narrowMask), 0u);
+    EXPECT_EQ(Le32(small, narrowMask + 4), 0xFFu);
+    EXPECT_EQ(Le32(small, narrowMask + 8), 0u);
+    EXPECT_EQ(Le32(small, narrowMask + 12), 0xFFu);
 }
 
 TEST(IconEncode, RefusesPicturesWithoutPixels)

@@ -14,7 +14,7 @@ TEST(Quantize, PaletteFindsClustersAndTheirMeans)
     // Three tight clusters, one with a known mean, and a keyed-out colour that must not count.
     std::vector<uint32_t> pixels;
     for (int i = 0; i < 300; ++i) {
-        pixels.push_back(0xFF000000u | uint32_t(200 + i % 3) << 16 | 10u << 8 | 10u); // mean red 201
+        pixels.push_back(0xFF000000u | uint32_t(i % 3 ? 201 : 200) << 16 | 10u << 8 | 10u); // red 200.67
         pixels.push_back(0xFF102030u + uint32_t(i % 2));
         pixels.push_back(0xFF00FF00u);
         pixels.push_back(0x10FFFFFFu);
@@ -42,6 +42,18 @@ TEST(Quantize, RichPicturesUseTheWholePalette)
     EXPECT_EQ(image.palette.size(), 240u);
     EXPECT_EQ(image.transparentIndex, -1);
     EXPECT_LT(*std::max_element(image.indices.begin(), image.indices.end()), 240);
+}
+
+TEST(Quantize, DiffusionSpreadsErrorsAsWorkedOutByHand)
+{
+    // Grey 100 onto black and white, 4x2. Row 0 left to right: 100 -> black (error 100, 7/16
+    // ahead: 144 -> white, error -111; 100 - 49 = 51 -> black; 100 + 22 -> black). Row 1 right
+    // to left with the shares from above (in sixteenths 167, -302, 510, 661): 141 -> white,
+    // 82 -> black, 117 -> black, 162 -> white.
+    const std::vector<uint32_t> pixels(8, 0xFF646464u);
+    std::vector<uint8_t> indices(8);
+    DiffuseOntoPalette(pixels, 4, {{0, 0, 0}, {255, 255, 255}}, false, indices.data());
+    EXPECT_EQ(indices, (std::vector<uint8_t>{0, 1, 0, 0, 1, 0, 0, 1}));
 }
 
 TEST(Quantize, DiffusionKeepsTheAverageOfFlatAreas)
