@@ -12,6 +12,7 @@ configure_package_config_file(cmake/VeskConfig.cmake.in ${PROJECT_BINARY_DIR}/Ve
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/VeskConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/VeskConfig.cmake ${PROJECT_BINARY_DIR}/VeskConfigVersion.cmake
+  ${PROJECT_SOURCE_DIR}/cmake/VeskResources.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Vesk)
 
 # vesk.pc finds its prefix from its own folder, so the installed tree can move.

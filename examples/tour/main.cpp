@@ -86,6 +86,20 @@ void Zlib()
                 std::memcmp(text, unpacked, sizeof text) == 0 ? "identical" : "DIFFERENT");
 }
 
+void Bitmaps()
+{
+    std::printf("Bitmaps\n");
+    // Resource 1 is tour/badge.png, compiled into the program by vesk_add_image_resources.
+    const Bitmap badge = Bitmap::FromPngRes(1);
+    const TamSize size = badge.GetSize();
+    const Bitmap grey = badge.GetGreyscaleBmp();
+    const Bitmap big = badge.StretchHQ(FSize(size.Width() * 2.5, size.Height() * 2.5));
+    const BitmapPixels centre = grey.GetPGdiplusBitmap();
+    std::printf("  the embedded badge is %d x %d, stretched %d x %d; its grey centre pixel is 0x%08X\n",
+                size.Width(), size.Height(), big.GetSize().Width(), big.GetSize().Height(),
+                centre.pixels ? centre.pixels[size_t(centre.height / 2) * size_t(centre.stride) + size_t(centre.width / 2)] : 0u);
+}
+
 } // namespace
 
 int main()
@@ -97,5 +111,6 @@ int main()
     Locale();
     VeskExit();
     Zlib();
+    Bitmaps();
     return 0;
 }

@@ -21,6 +21,14 @@
 #include <vesk/graphics/PrinterDevice.hpp>
 #include <vesk/graphics/VirtualDevice.hpp>
 
+// Bitmaps: the image value, its files and operations.
+#include <vesk/graphics/Bitmap.hpp>
+#include <vesk/graphics/BrushBitmaps.hpp>
+#include <vesk/graphics/ImageList.hpp>
+
+// The command list a tool bar is built from.
+#include <vesk/graphics/CommandIds.hpp>
+
 // Animated GIF: the reader, its LZW decoder and decoded frames.
 #include <vesk/graphics/AnimatedGif.hpp>
 #include <vesk/graphics/GifPlayer.hpp>

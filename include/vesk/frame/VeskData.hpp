@@ -13,6 +13,7 @@ namespace vesk {
 
 // State of higher families that the library state owns without knowing it: each family reaches
 // its slot through an access struct of its own and makes the object on first use.
+struct BrushBitmaps;
 struct LocaleRegistries;
 class TamColor;
 class WinMsgRouter;
@@ -125,6 +126,7 @@ public:
     ColorTableEntry GetColorTableEntry(ColorName name) const;
 
 private:
+    friend struct BrushBitmapsAccess;
     friend struct LocaleRegistriesAccess;
     friend struct WinMsgRouterAccess;
 
@@ -137,6 +139,7 @@ private:
     std::shared_ptr<TranscriptData> m_pTranscriptData;
     std::shared_ptr<LocaleRegistries> m_pLocaleRegistries; // International's, made on first use
     std::shared_ptr<WinMsgRouter> m_pWinMsgRouter;         // the message router, made on first use
+    std::shared_ptr<BrushBitmaps> m_pBrushBitmaps;         // the two dither patterns, made on first use
     double m_fTextScaleFactor = 1.0;
     int32_t m_nResolutionX = 96;
     int32_t m_nResolutionY = 96;

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace vesk::codecs {
@@ -44,6 +45,17 @@ extern const ImageCodec kJpegCodec;
 extern const ImageCodec kTiffCodec;
 extern const ImageCodec kGifCodec; // first frame in, one frame out
 extern const ImageCodec kBmpCodec;
+
+// JPEG at a chosen quality (1 to 100); the table's encoder uses kDefaultJpegQuality.
+inline constexpr int kDefaultJpegQuality = 90;
+bool EncodeJpegQuality(const PixelImage& image, int quality, std::vector<uint8_t>& data);
+
+// The codec whose sniff accepts `head` (png, jpeg, tiff, gif, bmp in that order); null for
+// none.
+const ImageCodec* SniffCodec(std::span<const uint8_t> head);
+// The codec writing the MIME type ("image/png", "image/jpeg", "image/tiff", "image/gif",
+// "image/bmp"; compared exactly); null for any other text.
+const ImageCodec* CodecForMimeType(std::string_view mimeType);
 
 // A one-image icon file laid out as Bitmap::SaveAsIcon writes it.
 bool EncodeIcon(const PixelImage& image, std::vector<uint8_t>& data);

@@ -1,0 +1,153 @@
+#include <vesk/frame/VeskData.hpp>
+#include <vesk/graphics/Bitmap.hpp>
+#include <vesk/graphics/VirtualDevice.hpp>
+
+#include "graphics/bitmap/BitmapRecord_p.hpp"
+
+#include <cairo.h>
+
+#include <cmath>
+
+namespace vesk {
+
+using codecs::PixelImage;
+
+namespace {
+
+// A Cairo surface over a picture's own pixels (the picture form is Cairo's ARGB32).
+cairo_surface_t* SurfaceOf(const PixelImage& image)
+{
+    return cairo_image_surface_create_for_data(
+        reinterpret_cast<unsigned char*>(const_cast<uint32_t*>(image.pixels.data())), CAIRO_FORMAT_ARGB32,
+        image.width, image.height, image.width * 4);
+}
+
+// Draws `source` into `target`, its top-left corner at (x, y) and stretched to w x h. The
+// source's edge pixels extend outward, so the border is not faded by transparent outside.
+void DrawScaled(const PixelImage& source, PixelImage& target, double x, double y, double w, double h,
+                cairo_filter_t filter, cairo_operator_t op)
+{
+    cairo_surface_t* from = SurfaceOf(source);
+    cairo_surface_t* to = SurfaceOf(target);
+    cairo_t* cr = cairo_create(to);
+    cairo_set_operator(cr, op);
+    cairo_translate(cr, x, y);
+    cairo_scale(cr, w / source.width, h / source.height);
+    cairo_set_source_surface(cr, from, 0, 0);
+    cairo_pattern_t* pattern = cairo_get_source(cr);
+    cairo_pattern_set_filter(pattern, filter);
+    cairo_pattern_set_extend(pattern, CAIRO_EXTEND_PAD);
+    cairo_rectangle(cr, 0, 0, source.width, source.height);
+    cairo_fill(cr);
+    cairo_destroy(cr);
+    cairo_surface_flush(to);
+    cairo_surface_destroy(to);
+    cairo_surface_destroy(from);
+}
+
+// The picture, else the opaque view; null when the bitmap is empty.
+const PixelImage* AnyForm(const Bitmap& bitmap)
+{
+    const BitmapRecord* record = BitmapAccess::Record(bitmap);
+    if (!record)
+        return nullptr;
+    return record->picture ? &*record->picture : record->opaque ? &*record->opaque : nullptr;
+}
+
+Bitmap Resample(const PixelImage& source, int32_t width, int32_t height, cairo_filter_t filter)
+{
+    PixelImage out;
+    if (!MakeBlankImage(width, height, out))
+        return Bitmap();
+    DrawScaled(source, out, 0, 0, width, height, filter, CAIRO_OPERATOR_SOURCE);
+    return BitmapAccess::FromImage(std::move(out));
+}
+
+// The screen factor of ScaleHQ and Scale: min(ScaleX(100), ScaleY(100)) / 100 when both
+// exceed 100, else 1.
+double ScreenFactor()
+{
+    const VeskData* data = GetPVeskData();
+    if (!data)
+        return 1.0;
+    const int sx = data->ScaleX(100), sy = data->ScaleY(100);
+    return sx > 100 && sy > 100 ? std::min(sx, sy) / 100.0 : 1.0;
+}
+
+bool InSizeRange(double v)
+{
+    return v >= 1 && v <= double(codecs::kMaxImageSide);
+}
+
+} // namespace
+
+Bitmap Bitmap::StretchHQ(const FSize& size) const
+{
+    const PixelImage* source = AnyForm(*this);
+    if (!source || !InSizeRange(size.width) || !InSizeRange(size.height))
+        return Bitmap();
+    return Resample(*source, int32_t(size.width), int32_t(size.height), CAIRO_FILTER_BEST);
+}
+
+Bitmap Bitmap::ScaleHQ() const
+{
+    const double f = ScreenFactor();
+    if (f <= 1.2 || Empty())
+        return *this;
+    const TamSize s = GetSize();
+    return StretchHQ(FSize(std::floor(s.Width() * f + 0.5), std::floor(s.Height() * f + 0.5)));
+}
+
+Bitmap Bitmap::Scale() const
+{
+    const double f = ScreenFactor();
+    if (f <= 1.2 || Empty())
+        return *this;
+    const TamSize s = GetSize();
+    VirtualDevice display(TamSize(1, 1));
+    return Stretch(&display, TamSize(int32_t(s.Width() * f + 0.5), int32_t(s.Height() * f + 0.5)), false, false);
+}
+
+Bitmap Bitmap::GetBitmapHQ(const FPoint& pos, FSize& size) const
+{
+    const PixelImage* source = AnyForm(*this);
+    if (!source || !std::isfinite(pos.x) || !std::isfinite(pos.y))
+        return Bitmap();
+    size.width = std::min(size.width, source->width - pos.x);
+    size.height = std::min(size.height, source->height - pos.y);
+    if (!InSizeRange(size.width) || !InSizeRange(size.height))
+        return Bitmap();
+    PixelImage out;
+    MakeBlankImage(int32_t(size.width), int32_t(size.height), out);
+    DrawScaled(*source, out, -pos.x, -pos.y, source->width, source->height, CAIRO_FILTER_BEST, CAIRO_OPERATOR_SOURCE);
+    return BitmapAccess::FromImage(std::move(out));
+}
+
+Bitmap Bitmap::DrawBitmapHQ(const FPoint& pos, FSize& size, const Bitmap& other) const
+{
+    const PixelImage* source = AnyForm(*this);
+    if (!source)
+        return Bitmap();
+    PixelImage copy = *source;
+    const PixelImage* over = AnyForm(other);
+    const bool drawable = std::isfinite(pos.x) && std::isfinite(pos.y) && std::isfinite(size.width) &&
+                          std::isfinite(size.height) && size.width > 0 && size.height > 0;
+    if (over && drawable)
+        DrawScaled(*over, copy, pos.x, pos.y, size.width, size.height, CAIRO_FILTER_BEST, CAIRO_OPERATOR_OVER);
+    return BitmapAccess::FromImage(std::move(copy));
+}
+
+Bitmap Bitmap::Stretch(OutputDevice* device, const TamSize& size, bool halftone, bool keyMagenta) const
+{
+    const PixelImage* source = AnyForm(*this);
+    if (!device || !device->InitDevice() || !source)
+        return Bitmap();
+    Bitmap out = IsGdiplusBitmap() ? StretchHQ(FSize(size.Width(), size.Height()))
+                                   : Resample(*source, size.Width(), size.Height(),
+                                              halftone ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
+    if (keyMagenta)
+        out.MakeColorTransparent(TamColor(0xFF00FFu), 0, 0);
+    return out;
+}
+
+} // namespace vesk

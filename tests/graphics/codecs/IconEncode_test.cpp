@@ -1,0 +1,93 @@
+// Icon files against layouts worked out by hand.
+#include "graphics/codecs/ImageCodec_p.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <vector>
+
+using vesk::codecs::EncodeIcon;
+using vesk::codecs::PixelImage;
+using Bytes = std::vector<uint8_t>;
+
+namespace {
+
+uint32_t Le32(const Bytes& b, size_t at)
+{
+    return uint32_t(b[at]) | uint32_t(b[at + 1]) << 8 | uint32_t(b[at + 2]) << 16 | uint32_t(b[at + 3]) << 24;
+}
+
+Bytes Icon(const PixelImage& image)
+{
+    Bytes file;
+    EXPECT_TRUE(EncodeIcon(image, file));
+    return file;
+}
+
+} // namespace
+
+TEST(IconEncode, SmallIconIsLaidOutByteForByte)
+{
+    // Top row: opaque red, opaque magenta; bottom row: transparent, green at half alpha
+    // (premultiplied 0x80, straight 0xFF).
+    const PixelImage image{2, 2, {0xFFFF0000, 0xFFFF00FF, 0x00000000, 0x80008000}};
+    const Bytes expected = {
+        0, 0, 1, 0, 1, 0,                   // reserved, icon, one image
+        2, 2, 0, 0, 1, 0, 32, 0,            // 2x2, no colour count, 1 plane, 32 bits
+        64, 0, 0, 0, 22, 0, 0, 0,           // 8 mask + 16 colour + 40 header bytes, at 22
+        40, 0, 0, 0, 2, 0, 0, 0, 4, 0, 0, 0, // header size, width, height doubled
+        1, 0, 32, 0, 0, 0, 0, 0, 24, 0, 0, 0, // planes, bits, no compression, 24 pixel bytes
+        0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+        0, 0, 0, 0, 0x00, 0xFF, 0x00, 0x80, // bottom colour row first: transparent, green
+        0x00, 0x00, 0xFF, 0xFF, 0, 0, 0, 0, // top row: red; magenta written as 0
+        0x80, 0, 0, 0,                      // mask, bottom row: the transparent pixel
+        0x00, 0, 0, 0,                      // top row: both opaque
+    };
+    EXPECT_EQ(Icon(image), expected);
+}
+
+TEST(IconEncode, SixteenPixelIconHasTheDocumentedSizes)
+{
+    PixelImage image{16, 16, std::vector<uint32_t>(256, 0xFF204080)};
+    image.pixels[17] = 0xFFFF00FF;
+    image.pixels[18] = 0x00000000;
+    const Bytes file = Icon(image);
+    // 16 mask rows of 2 bytes padded to 4.
+    ASSERT_EQ(file.size(), 6u + 16 + 40 + 1024 + 64);
+    EXPECT_EQ(Le32(file, 14), 1024u + 64 + 40); // bytes in resource
+    EXPECT_EQ(Le32(file, 18), 22u);              // image offset
+    EXPECT_EQ(Le32(file, 22 + 8), 32u);          // height field: colour and mask
+    EXPECT_EQ(Le32(file, 22 + 20), 1024u + 64);  // image size
+    // Pixel (1, 1) lies in the 15th stored colour row; (2, 1) is transparent in the mask.
+    const size_t row14 = 62 + 14 * 64;
+    EXPECT_EQ(Le32(file, row14), 0xFF204080u);
+    EXPECT_EQ(Le32(file, row14 + 4), 0u);
+    EXPECT_EQ(Le32(file, row14 + 8), 0u);
+    EXPECT_EQ(file[62 + 1024 + 14 * 4], 0x20);
+}
+
+TEST(IconEncode, MagentaScanAlsoCoversMaskBytesAcrossRows)
+{
+    // Each 16-pixel mask row is 2 bytes: FF 00 then FF 00 read as the word 0x00FF00FF, which
+    // the magenta scan clears; the third and fourth rows, FF 80 FF 00, stay.
+    PixelImage image{16, 4, std::vector<uint32_t>(64, 0xFF000000)};
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 8; ++x)
+            image.pixels[size_t(y * 16 + x)] = 0;
+    image.pixels[2 * 16 + 8] = 0;
+    const Bytes file = Icon(image);
+    const size_t mask = 62 + 16 * 4 * 4;
+    ASSERT_EQ(file.size(), mask + 4 * 4);
+    EXPECT_EQ(Le32(file, mask), 0xFFu);        // bottom row
+    EXPECT_EQ(Le32(file, mask + 4), 0x80FFu);
+    EXPECT_EQ(Le32(file, mask + 8), 0u);       // cleared
+    EXPECT_EQ(Le32(file, mask + 12), 0u);
+}
+
+TEST(IconEncode, RefusesPicturesWithoutPixels)
+{
+    Bytes file;
+    EXPECT_FALSE(EncodeIcon(PixelImage{}, file));
+    EXPECT_FALSE(EncodeIcon(PixelImage{4, 4, {}}, file));
+    EXPECT_TRUE(file.empty());
+}
