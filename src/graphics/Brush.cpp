@@ -1,5 +1,8 @@
+#include <vesk/graphics/Bitmap.hpp>
 #include <vesk/graphics/Brush.hpp>
 #include <vesk/graphics/Gradient.hpp>
+
+#include "graphics/bitmap/BitmapSurface_p.hpp"
 
 namespace vesk {
 
@@ -20,9 +23,33 @@ Brush::Brush(const RectGradient& gradient)
 {
 }
 
+Brush::Brush(const vesk::Bitmap& bitmap)
+    : m_eKind(BrushKind::Bitmap), m_aColor(MeanColor(bitmap)), m_pBitmap(std::make_shared<const vesk::Bitmap>(bitmap))
+{
+}
+
 TamColor Brush::GetColor() const
 {
     return m_pGradient ? m_pGradient->GetAverageColor() : m_aColor;
+}
+
+TamColor Brush::MeanColor(const vesk::Bitmap& bitmap)
+{
+    // The picture over white, as a fill behind it would show it (premultiplied colours: the
+    // channel plus what alpha leaves of the white); a record with only an opaque view is
+    // taken as it is.
+    const codecs::PixelImage* image = ShownImage(bitmap);
+    if (!image)
+        return TamColor();
+    uint64_t sum[3] = {0, 0, 0};
+    for (const uint32_t p : image->pixels) {
+        const uint32_t left = 255 - (p >> 24);
+        sum[0] += (p >> 16 & 0xFF) + left;
+        sum[1] += (p >> 8 & 0xFF) + left;
+        sum[2] += (p & 0xFF) + left;
+    }
+    const uint64_t n = image->pixels.size();
+    return TamColor(uint32_t(sum[0] / n) | uint32_t(sum[1] / n) << 8 | uint32_t(sum[2] / n) << 16);
 }
 
 BrushPattern Brush::HatchPattern(HatchStyle hatch)

@@ -1,6 +1,7 @@
 #include "graphics/DeviceGraphics_p.hpp"
 
 #include "graphics/Cairo_p.hpp"
+#include "graphics/bitmap/BitmapSurface_p.hpp"
 
 #include <vesk/graphics/Brush.hpp>
 #include <vesk/graphics/Gradient.hpp>
@@ -62,6 +63,18 @@ bool SetBrushSource(cairo_t* cr, const Brush& brush, const CRectangle& bounds)
         return true;
     case BrushKind::Pattern: {
         cairo_pattern_t* p = BitPattern(brush);
+        cairo_set_source(cr, p);
+        cairo_pattern_destroy(p);
+        return true;
+    }
+    case BrushKind::Bitmap: {
+        cairo_surface_t* s = BitmapSurface(*brush.GetBitmap());
+        if (!s)
+            return false;
+        cairo_pattern_t* p = cairo_pattern_create_for_surface(s);
+        cairo_surface_destroy(s); // the pattern holds it; the brush holds the pixels
+        cairo_pattern_set_extend(p, CAIRO_EXTEND_REPEAT);
+        cairo_pattern_set_filter(p, CAIRO_FILTER_NEAREST);
         cairo_set_source(cr, p);
         cairo_pattern_destroy(p);
         return true;

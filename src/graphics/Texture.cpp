@@ -18,6 +18,11 @@ Texture::Texture(const RectGradient& gradient, uint16_t opacityPercent)
 {
 }
 
+Texture::Texture(const vesk::Bitmap& bitmap, uint16_t opacityPercent)
+    : m_eKind(Kind::Bitmap), m_aBrush(bitmap), m_nOpacity(opacityPercent)
+{
+}
+
 TamColor Texture::GetColor() const
 {
     return m_aBrush.GetColor();

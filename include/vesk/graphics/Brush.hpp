@@ -9,6 +9,7 @@
 
 namespace vesk {
 
+class Bitmap;
 class RectGradient;
 
 // What a brush fills with.
@@ -17,6 +18,7 @@ enum class BrushKind : uint8_t {
     Solid,    // one colour
     Pattern,  // an 8 x 8 two-colour bit pattern (hatches are such patterns)
     Gradient, // a RectGradient fitted to each filled shape's bounds
+    Bitmap,   // a picture repeated from the device's origin
 };
 
 // The platform's hatch patterns, numbered as it numbers them.
@@ -33,7 +35,7 @@ enum class HatchStyle : uint8_t {
 // foreground colour, a clear one the background (or nothing when it is transparent).
 using BrushPattern = std::array<uint8_t, 8>;
 
-// The fill tool. Copies share the gradient, which a brush never changes.
+// The fill tool. Copies share the gradient or picture, which a brush never changes.
 class VESK_API Brush
 {
 public:
@@ -49,26 +51,34 @@ public:
           bool transparentBack = false);
     // A copy of `gradient`.
     explicit Brush(const RectGradient& gradient);
+    // Tiles of `bitmap`'s picture (a bitmap without pixels fills nothing).
+    explicit Brush(const vesk::Bitmap& bitmap);
 
     BrushKind GetKind() const { return m_eKind; }
-    // The solid colour, a pattern's foreground, or a gradient's average colour.
+    // The solid colour, a pattern's foreground, a gradient's average colour, or the mean
+    // colour of a picture's opaque view.
     TamColor GetColor() const;
     const TamColor& GetBackColor() const { return m_aBackColor; }
     bool IsBackTransparent() const { return m_bTransparentBack; }
     const BrushPattern& GetPattern() const { return m_aPattern; }
     // The gradient of a gradient brush, else null.
     const RectGradient* GetGradient() const { return m_pGradient.get(); }
+    // The bitmap of a bitmap brush, else null.
+    const vesk::Bitmap* GetBitmap() const { return m_pBitmap.get(); }
 
     // The bit pattern of a hatch style (all clear for a value outside the enumeration).
     static BrushPattern HatchPattern(HatchStyle hatch);
 
 private:
+    static TamColor MeanColor(const vesk::Bitmap& bitmap);
+
     BrushKind m_eKind = BrushKind::Null;
     TamColor m_aColor;
     TamColor m_aBackColor;
     bool m_bTransparentBack = false;
     BrushPattern m_aPattern{};
     std::shared_ptr<const RectGradient> m_pGradient;
+    std::shared_ptr<const vesk::Bitmap> m_pBitmap;
 };
 
 } // namespace vesk

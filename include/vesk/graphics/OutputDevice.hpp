@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vesk/export.hpp>
+#include <vesk/graphics/Bitmap.hpp>
 #include <vesk/graphics/Brush.hpp>
 #include <vesk/graphics/Font.hpp>
 #include <vesk/graphics/FontMetric.hpp>
@@ -86,6 +87,7 @@ public:
     virtual void ChangeBackgroundTexture(const Texture& texture);
     void ChangeBackgroundBrush(const Brush& brush) { ChangeBackgroundTexture(Texture(brush)); }
     void ChangeBackgroundGradient(const RectGradient& g) { ChangeBackgroundTexture(Texture(g)); }
+    void ChangeBackgroundBitmap(const Bitmap& bitmap) { ChangeBackgroundTexture(Texture(bitmap)); }
     virtual void ChangeFont(const Font& font);
     void ChangeClipRegion(const Region& region);
     // No clipping.
@@ -140,6 +142,17 @@ public:
     void DrawOutDev(const TamPoint& dest, const TamSize& size, OutputDevice& src,
                     const TamPoint& srcPos);
 
+    // Bitmaps: the picture is drawn over what is there, its alpha respected; a bitmap with
+    // only an opaque view is copied as it stands. An empty bitmap draws nothing.
+    void DrawBitmap(const TamPoint& pos, const Bitmap& bitmap);
+    // The same, leaving out every opaque pixel of colour `key`.
+    void DrawBitmapTransparent(const TamPoint& pos, const Bitmap& bitmap, const TamColor& key = TamColor(0xFF00FFu));
+    // The bitmap stretched onto r by nearest pixel.
+    void DrawBitmapScaled(const CRectangle& r, const Bitmap& bitmap);
+    // A copy of the device's pixels in r (transparent where r leaves the picture); empty
+    // without a context.
+    Bitmap GetBitmap(const CRectangle& r);
+
     // Plain text in the current font, the text box's top-left corner at `pos`.
     void DrawText(const TamPoint& pos, const SString& text);
     void DrawTextW(const TamPoint& pos, const UString& text);
@@ -192,6 +205,13 @@ public:
     bool DrawTextHQVertical(const FPoint& pos, const SString& text);
     FSize GetTextSizeHQ(const SString& text);
     FSize GetTextSizeWHQ(const UString& text);
+
+    // The bitmap at `pos` stretched to `size` with the best filter, its edges anti-aliased.
+    bool DrawBitmapHQ(const FPoint& pos, const FSize& size, const Bitmap& bitmap);
+    // The device's pixels from `pos` over `size` (each side truncated), resampled with the best
+    // filter at fractional positions, the edge pixels repeated beyond the picture; empty
+    // without a context or for a size below one pixel.
+    Bitmap GetBitmapHQ(const FPoint& pos, const FSize& size);
 
     // The anti-aliased text hint for `font`: 3 (anti-aliased, hinted metrics) above 20
     // pixels or when ClearType is not allowed, else 5 (subpixel anti-aliasing, hinted metrics).

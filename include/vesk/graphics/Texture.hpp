@@ -10,18 +10,20 @@ namespace vesk {
 
 class RectGradient;
 
-// What Erase paints: a colour, a brush or a gradient, at an opacity in percent (100 opaque,
+// What Erase paints: a colour, a brush, a gradient or a bitmap, at an opacity in percent (100 opaque,
 // values above 100 count as 100).
 class VESK_API Texture
 {
 public:
-    enum class Kind : uint8_t { Color, Brush, Gradient };
+    enum class Kind : uint8_t { Color, Brush, Gradient, Bitmap };
 
     // Opaque white.
     Texture() = default;
     explicit Texture(const TamColor& color, uint16_t opacityPercent = 100);
     explicit Texture(const vesk::Brush& brush, uint16_t opacityPercent = 100);
     explicit Texture(const RectGradient& gradient, uint16_t opacityPercent = 100);
+    // The picture repeated from the device's origin.
+    explicit Texture(const vesk::Bitmap& bitmap, uint16_t opacityPercent = 100);
 
     Kind GetKind() const { return m_eKind; }
     // The colour, the brush's colour, or the gradient's average colour.

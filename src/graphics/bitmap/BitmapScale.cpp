@@ -2,7 +2,7 @@
 #include <vesk/graphics/Bitmap.hpp>
 #include <vesk/graphics/VirtualDevice.hpp>
 
-#include "graphics/bitmap/BitmapRecord_p.hpp"
+#include "graphics/bitmap/BitmapSurface_p.hpp"
 
 #include <cairo.h>
 
@@ -13,14 +13,6 @@ namespace vesk {
 using codecs::PixelImage;
 
 namespace {
-
-// A Cairo surface over a picture's own pixels (the picture form is Cairo's ARGB32).
-cairo_surface_t* SurfaceOf(const PixelImage& image)
-{
-    return cairo_image_surface_create_for_data(
-        reinterpret_cast<unsigned char*>(const_cast<uint32_t*>(image.pixels.data())), CAIRO_FORMAT_ARGB32,
-        image.width, image.height, image.width * 4);
-}
 
 // Draws `source` into `target`, its top-left corner at (x, y) and stretched to w x h. The
 // source's edge pixels extend outward, so the border is not faded by transparent outside.

@@ -1,0 +1,18 @@
+#pragma once
+
+// Cairo surfaces over bitmap pixels, without copying them (the picture form is Cairo's ARGB32).
+
+#include "graphics/bitmap/BitmapRecord_p.hpp"
+
+#include <cairo.h>
+
+namespace vesk {
+
+// The picture, or the opaque view when there is no picture; null when neither has pixels.
+const codecs::PixelImage* ShownImage(const Bitmap& bitmap);
+// A surface over the image's own pixels; Cairo only reads them when it is used as a source.
+cairo_surface_t* SurfaceOf(const codecs::PixelImage& image);
+// The picture's surface, or the opaque view's when there is no picture; null when empty.
+cairo_surface_t* BitmapSurface(const Bitmap& bitmap);
+
+} // namespace vesk
