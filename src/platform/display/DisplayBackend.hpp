@@ -46,7 +46,7 @@ struct WindowBox
 };
 
 // Receives every event of every native window as (handle, message, wParam, lParam), with
-// the platform's message numbers and packing. What backends send:
+// the platform's message numbers and packing (vesk/frame/WinMessages.hpp). What backends send:
 //   mouse 512 move, 513/514 left down/up, 516/517 right, 519/520 middle, 515/518/521 double
 //     clicks (second press within 500 ms and 4 pixels): lParam MAKELPARAM(x, y) in signed
 //     16-bit client coordinates, wParam the MK_ bits (1 left, 2 right, 4 shift, 8 control,
