@@ -111,7 +111,9 @@ private:
     void DestroyTree(NativeWindow window);
     void QueueButtonEvent(NativeWindow window, uint32_t message, int32_t x, int32_t y, uint32_t modifiers);
     WParam MouseKeyState(uint32_t modifiers) const;
-    void ChangeFocus(NativeWindow window);
+    void ChangeFocusLocked(NativeWindow window);
+    NativeWindow TopLevelLocked(NativeWindow window) const;
+    WindowBox GetBoxLocked(const HWindow& w) const;
 
     mutable std::mutex m_aMutex; // windows, queue, focus, message boxes
     std::condition_variable m_aWakeUp;
@@ -129,6 +131,7 @@ private:
         NativeWindow window = nullptr;
         uint32_t message = 0;
         int32_t x = 0, y = 0;
+        int64_t time = 0; // milliseconds
         bool pending = false;
     } m_aLastClick;
     std::vector<MessageBoxRecord> m_aMessageBoxes;
