@@ -2,6 +2,7 @@
 #include <vesk/window/WinMsgRouter.hpp>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 
 namespace vesk {
@@ -27,6 +28,54 @@ void VeskSetCWndNextFocus(NativeWindow window)
 {
     if (WinMsgRouter* router = GlGetPWinMsgRouter())
         router->SetNextFocusWindow(window);
+}
+
+WinMsgRouter::WinMsgRouter()
+    : m_nStartTick(static_cast<uint32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(
+          std::chrono::steady_clock::now().time_since_epoch()).count()))
+{
+}
+
+void WinMsgRouter::RegisterWindow(Window* window, NativeWindow handle)
+{
+    UnregisterWindow(window);
+    m_aWindowToHandle[window] = handle;
+    m_aHandleToWindow[handle] = window;
+}
+
+void WinMsgRouter::UnregisterWindow(Window* window)
+{
+    auto it = m_aWindowToHandle.find(window);
+    if (it == m_aWindowToHandle.end())
+        return;
+    auto back = m_aHandleToWindow.find(it->second);
+    if (back != m_aHandleToWindow.end() && back->second == window)
+        m_aHandleToWindow.erase(back);
+    m_aWindowToHandle.erase(it);
+}
+
+Window* WinMsgRouter::FindWindow(NativeWindow handle) const
+{
+    auto it = m_aHandleToWindow.find(handle);
+    return it == m_aHandleToWindow.end() ? nullptr : it->second;
+}
+
+NativeWindow WinMsgRouter::FindHandle(const Window* window) const
+{
+    auto it = m_aWindowToHandle.find(window);
+    return it == m_aWindowToHandle.end() ? nullptr : it->second;
+}
+
+ScrollBar* WinMsgRouter::FindScrollBar(NativeWindow handle) const
+{
+    auto it = m_aScrollBars.find(handle);
+    return it == m_aScrollBars.end() ? nullptr : it->second;
+}
+
+void* WinMsgRouter::FindControl(NativeWindow handle) const
+{
+    auto it = m_aControls.find(handle);
+    return it == m_aControls.end() ? nullptr : it->second;
 }
 
 void WinMsgRouter::PushWinProcHook(WinProcHook hook)
@@ -85,6 +134,24 @@ void GlPullWinProcHook(WinProcHook hook)
 {
     if (WinMsgRouter* router = GlGetPWinMsgRouter())
         router->PullWinProcHook(hook);
+}
+
+void GlIncBusy()
+{
+    if (WinMsgRouter* router = GlGetPWinMsgRouter())
+        router->IncBusy();
+}
+
+void GlDecBusy()
+{
+    if (WinMsgRouter* router = GlGetPWinMsgRouter())
+        router->DecBusy();
+}
+
+uint32_t GlGetBusyCount()
+{
+    WinMsgRouter* router = GlGetPWinMsgRouter();
+    return router ? router->GetBusyCount() : 0;
 }
 
 } // namespace vesk

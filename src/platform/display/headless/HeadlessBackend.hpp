@@ -12,6 +12,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <unordered_map>
 
 namespace vesk::display {
 
@@ -121,6 +122,7 @@ private:
     std::map<uintptr_t, WindowPtr> m_aWindows;
     uintptr_t m_nNextHandle = 1;
     std::deque<Event> m_aQueue;
+    std::unordered_multimap<cairo_surface_t*, WindowPtr> m_aLent; // surfaces handed out
     WindowProcedure m_pProcedure = nullptr;
     NativeWindow m_hFocus = nullptr;
     NativeWindow m_hCapture = nullptr;

@@ -48,14 +48,25 @@ cairo_surface_t* HeadlessBackend::GetSurface(NativeWindow window)
         w->paintLock.unlock();
         return nullptr;
     }
-    return cairo_surface_reference(w->surface);
+    cairo_surface_t* surface = cairo_surface_reference(w->surface);
+    std::lock_guard lock(m_aMutex);
+    m_aLent.emplace(surface, w);
+    return surface;
 }
 
-void HeadlessBackend::ReleaseSurface(NativeWindow window, cairo_surface_t* surface)
+// Found by the surface, not the handle: the window may have been destroyed while its surface
+// was out (a window destroyed in its own paint handler), and its lock must still be freed.
+void HeadlessBackend::ReleaseSurface(NativeWindow, cairo_surface_t* surface)
 {
-    WindowPtr w = Find(window);
-    if (!w || !surface)
-        return;
+    WindowPtr w;
+    {
+        std::lock_guard lock(m_aMutex);
+        auto it = m_aLent.find(surface);
+        if (it == m_aLent.end())
+            return;
+        w = std::move(it->second);
+        m_aLent.erase(it);
+    }
     cairo_surface_flush(surface);
     cairo_surface_destroy(surface);
     w->paintLock.unlock();
