@@ -39,8 +39,8 @@ DeviceContext* DCManager::GetDC(OutputDevice& device)
     {
         std::lock_guard lock(m_aMutex);
         auto it = m_aPaintDCs.find(handle);
-        if (it != m_aPaintDCs.end())
-            return it->second;
+        if (it != m_aPaintDCs.end() && it->second.thread == std::this_thread::get_id())
+            return it->second.dc;
     }
     // Holding the surface holds the window's paint lock until ReleaseDC.
     display::DisplayBackend& backend = WindowSystem::Get().Backend();
@@ -81,11 +81,11 @@ DeviceContext* DCManager::SetPaintDC(NativeWindow window, DeviceContext* dc)
     DeviceContext* previous = nullptr;
     auto it = m_aPaintDCs.find(window);
     if (it != m_aPaintDCs.end()) {
-        previous = it->second;
+        previous = it->second.dc;
         m_aPaintDCs.erase(it);
     }
     if (dc)
-        m_aPaintDCs[window] = dc;
+        m_aPaintDCs[window] = {dc, std::this_thread::get_id()};
     return previous;
 }
 

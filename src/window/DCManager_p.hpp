@@ -9,6 +9,7 @@
 #include <vesk/frame/NativeWindow.hpp>
 
 #include <mutex>
+#include <thread>
 #include <unordered_map>
 
 namespace vesk {
@@ -26,13 +27,19 @@ public:
     DeviceContext* GetDC(OutputDevice& device) override;
     void ReleaseDC(OutputDevice& device, DeviceContext* dc) override;
 
-    // Makes `dc` the context of `window`'s devices (null: none) and returns the one it had.
+    // Makes `dc` the context of `window`'s devices on the calling thread (null: none) and
+    // returns the one it had. Devices on other threads wait for the paint to end instead.
     DeviceContext* SetPaintDC(NativeWindow window, DeviceContext* dc);
 
 private:
     WindowContextSource* m_pPrevious;
     std::mutex m_aMutex;
-    std::unordered_map<NativeWindow, DeviceContext*> m_aPaintDCs;
+    struct PaintDC
+    {
+        DeviceContext* dc;
+        std::thread::id thread;
+    };
+    std::unordered_map<NativeWindow, PaintDC> m_aPaintDCs;
     std::unordered_map<DeviceContext*, NativeWindow> m_aLent; // contexts over display surfaces
 };
 

@@ -18,7 +18,11 @@ uint32_t g_nHoverTime = 400;
 
 } // namespace
 
-Window::Window() : OutputDevice(DEVICE_WINDOW) {}
+Window::Window() : OutputDevice(DEVICE_WINDOW)
+{
+    // Binds the display, which also takes over the library's message boxes.
+    WindowSystem::Get();
+}
 
 Window::~Window()
 {

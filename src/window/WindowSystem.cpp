@@ -37,9 +37,15 @@ WindowSystem::WindowSystem(display::DisplayBackend& backend) : m_rBackend(backen
     GlSetMessageBoxFunction(&DisplayMessageBox);
 }
 
+// Events of the display pass mouse tracking and the key state on their way in; messages the
+// program sends itself do not.
 intptr_t WindowSystem::BackendProcedure(NativeWindow window, uint32_t message, WParam wParam, LParam lParam)
 {
-    return Get().Deliver(window, message, wParam, lParam);
+    WindowSystem& system = Get();
+    CWnd* wnd = system.Find(window);
+    if (!wnd || !system.Observe(*wnd, message, wParam, lParam))
+        return 0;
+    return system.Deliver(window, message, wParam, lParam);
 }
 
 void WindowSystem::Attach(CWnd& wnd, NativeWindow window)
@@ -67,7 +73,7 @@ void WindowSystem::Detach(CWnd& wnd)
 intptr_t WindowSystem::Deliver(NativeWindow window, uint32_t message, WParam wParam, LParam lParam)
 {
     CWnd* wnd = Find(window);
-    if (!wnd || !Observe(*wnd, message, wParam, lParam))
+    if (!wnd)
         return 0;
     const intptr_t result = wnd->m_pfnWndProc(window, message, wParam, lParam);
     // The procedure may have deleted the CWnd: look it up again.
