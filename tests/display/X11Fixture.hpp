@@ -11,6 +11,8 @@
 #include <xcb/xcb.h>
 
 #include <chrono>
+#include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <vector>
@@ -23,6 +25,77 @@ struct Message
     uint32_t message;
     WParam wParam;
     LParam lParam;
+};
+
+// A second client of the server, looking at the backend's windows as a window manager would.
+class XProbe {
+public:
+    explicit XProbe(const std::string& display) : m_xcb(xcb_connect(display.c_str(), nullptr))
+    {
+        m_root = xcb_setup_roots_iterator(xcb_get_setup(m_xcb)).data->root;
+    }
+    ~XProbe() { xcb_disconnect(m_xcb); }
+    XProbe(const XProbe&) = delete;
+    XProbe& operator=(const XProbe&) = delete;
+
+    xcb_connection_t* Xcb() const { return m_xcb; }
+    // Flushes and waits until the server has carried out every request sent so far.
+    void Sync() const { free(xcb_get_input_focus_reply(m_xcb, xcb_get_input_focus(m_xcb), nullptr)); }
+    xcb_window_t Root() const { return m_root; }
+
+    xcb_atom_t Atom(const char* name) const
+    {
+        xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
+            m_xcb, xcb_intern_atom(m_xcb, 0, static_cast<uint16_t>(strlen(name)), name), nullptr);
+        xcb_atom_t atom = reply ? reply->atom : XCB_NONE;
+        free(reply);
+        return atom;
+    }
+
+    // A property's bytes (8-bit formats) or words (32-bit formats).
+    std::string Text(NativeWindow window, const char* name) const
+    {
+        std::string text;
+        Read(window, name, [&](const xcb_get_property_reply_t* reply) {
+            text.assign(static_cast<const char*>(xcb_get_property_value(reply)),
+                        static_cast<size_t>(xcb_get_property_value_length(reply)));
+        });
+        return text;
+    }
+    std::vector<uint32_t> Words(NativeWindow window, const char* name) const
+    {
+        std::vector<uint32_t> words;
+        Read(window, name, [&](const xcb_get_property_reply_t* reply) {
+            auto* data = static_cast<const uint32_t*>(xcb_get_property_value(reply));
+            words.assign(data, data + xcb_get_property_value_length(reply) / 4);
+        });
+        return words;
+    }
+
+    bool IsMapped(NativeWindow window) const
+    {
+        xcb_get_window_attributes_reply_t* reply
+            = xcb_get_window_attributes_reply(m_xcb, xcb_get_window_attributes(m_xcb, Id(window)), nullptr);
+        bool mapped = reply && reply->map_state != XCB_MAP_STATE_UNMAPPED;
+        free(reply);
+        return mapped;
+    }
+
+    static xcb_window_t Id(NativeWindow window) { return static_cast<xcb_window_t>(reinterpret_cast<uintptr_t>(window)); }
+
+private:
+    template <typename Use>
+    void Read(NativeWindow window, const char* name, Use use) const
+    {
+        xcb_get_property_reply_t* reply = xcb_get_property_reply(
+            m_xcb, xcb_get_property(m_xcb, 0, Id(window), Atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, 4096), nullptr);
+        if (reply)
+            use(reply);
+        free(reply);
+    }
+
+    xcb_connection_t* m_xcb;
+    xcb_window_t m_root;
 };
 
 class X11Fixture : public ::testing::Test {
@@ -111,12 +184,11 @@ protected:
 
     static int RootChildren()
     {
-        xcb_connection_t* xcb = xcb_connect(s_server->Display().c_str(), nullptr);
-        xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(xcb)).data->root;
-        xcb_query_tree_reply_t* tree = xcb_query_tree_reply(xcb, xcb_query_tree(xcb, root), nullptr);
+        XProbe probe(s_server->Display());
+        xcb_query_tree_reply_t* tree
+            = xcb_query_tree_reply(probe.Xcb(), xcb_query_tree(probe.Xcb(), probe.Root()), nullptr);
         int children = tree ? tree->children_len : -1;
         free(tree);
-        xcb_disconnect(xcb);
         return children;
     }
 
