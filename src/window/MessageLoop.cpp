@@ -54,4 +54,19 @@ size_t GetNativeWindowCount()
     return WindowSystem::Get().Backend().WindowCount();
 }
 
+const char* GetDisplayName()
+{
+    return WindowSystem::Get().Backend().Name();
+}
+
+bool SaveWindowPicture(NativeWindow window, const char* pngPath)
+{
+    cairo_surface_t* shot = pngPath ? WindowSystem::Get().Backend().Snapshot(window) : nullptr;
+    if (!shot)
+        return false;
+    const bool ok = cairo_surface_write_to_png(shot, pngPath) == CAIRO_STATUS_SUCCESS;
+    cairo_surface_destroy(shot);
+    return ok;
+}
+
 } // namespace vesk

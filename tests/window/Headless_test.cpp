@@ -182,7 +182,7 @@ TEST_F(HeadlessTest, MessageBoxesAreRecordedAndAnswerWithTheirDefaultButton)
     EXPECT_EQ(boxes[0].type, MB_YESNOCANCEL);
 }
 
-TEST_F(HeadlessTest, ScreenshotsShowWhatWasPainted)
+TEST_F(HeadlessTest, PicturesShowWhatWasPainted)
 {
     RecordingWnd w;
     const NativeWindow h = Make(w, 0, 0, 4, 3);
@@ -196,7 +196,8 @@ TEST_F(HeadlessTest, ScreenshotsShowWhatWasPainted)
     Headless().ReleaseSurface(h, s);
 
     const std::string path = ::testing::TempDir() + "/vesk_headless_shot.png";
-    ASSERT_TRUE(Headless().WriteScreenshot(h, path.c_str()));
+    ASSERT_TRUE(SaveWindowPicture(h, path.c_str()));
+    EXPECT_FALSE(SaveWindowPicture(nullptr, path.c_str()));
     cairo_surface_t* png = cairo_image_surface_create_from_png(path.c_str());
     ASSERT_EQ(cairo_surface_status(png), CAIRO_STATUS_SUCCESS);
     ASSERT_EQ(cairo_image_surface_get_width(png), 4);

@@ -27,5 +27,9 @@ VESK_API int VeskMessageBox(NativeWindow owner, const char* utf8Text, const char
 VESK_API int16_t GetKeyState(uint32_t virtualKey);
 // The native windows the display holds.
 VESK_API size_t GetNativeWindowCount();
+// The display in use: "x11" or "headless".
+VESK_API const char* GetDisplayName();
+// Writes what the window's client area shows to a PNG file; false when that fails.
+VESK_API bool SaveWindowPicture(NativeWindow window, const char* pngPath);
 
 } // namespace vesk

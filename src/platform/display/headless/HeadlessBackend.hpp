@@ -91,8 +91,6 @@ public:
     std::string GetTitle(NativeWindow window) const;
     std::vector<MessageBoxRecord> GetMessageBoxes() const;
     void ClearMessageBoxes();
-    // Writes what the window shows to a PNG file; false when that fails.
-    bool WriteScreenshot(NativeWindow window, const char* path);
 
 private:
     struct HWindow;

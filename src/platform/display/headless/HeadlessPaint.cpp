@@ -105,16 +105,6 @@ cairo_surface_t* HeadlessBackend::Snapshot(NativeWindow window)
     return copy;
 }
 
-bool HeadlessBackend::WriteScreenshot(NativeWindow window, const char* path)
-{
-    cairo_surface_t* shot = Snapshot(window);
-    if (!shot)
-        return false;
-    const bool ok = cairo_surface_write_to_png(shot, path) == CAIRO_STATUS_SUCCESS;
-    cairo_surface_destroy(shot);
-    return ok;
-}
-
 bool HeadlessBackend::WaitEvents(int timeoutMs)
 {
     std::unique_lock lock(m_aMutex);
