@@ -13,15 +13,25 @@ struct WinMsgRouterAccess
     static std::shared_ptr<WinMsgRouter>& Slot(VeskData& data) { return data.m_pWinMsgRouter; }
 };
 
+namespace {
+
+// Kept out of line so that the look-up every message makes stays small.
+[[gnu::noinline]] WinMsgRouter* MakeRouter(VeskData& data)
+{
+    std::shared_ptr<WinMsgRouter>& slot = WinMsgRouterAccess::Slot(data);
+    slot = std::make_shared<WinMsgRouter>();
+    return slot.get();
+}
+
+} // namespace
+
 WinMsgRouter* GlGetPWinMsgRouter()
 {
     VeskData* data = GetPVeskData();
     if (data == nullptr)
         return nullptr;
-    std::shared_ptr<WinMsgRouter>& slot = WinMsgRouterAccess::Slot(*data);
-    if (!slot)
-        slot = std::make_shared<WinMsgRouter>();
-    return slot.get();
+    WinMsgRouter* router = WinMsgRouterAccess::Slot(*data).get();
+    return router ? router : MakeRouter(*data);
 }
 
 void VeskSetCWndNextFocus(NativeWindow window)
@@ -41,6 +51,7 @@ void WinMsgRouter::RegisterWindow(Window* window, NativeWindow handle)
     UnregisterWindow(window);
     m_aWindowToHandle[window] = handle;
     m_aHandleToWindow[handle] = window;
+    ++m_nMapGeneration;
 }
 
 void WinMsgRouter::UnregisterWindow(Window* window)
@@ -52,12 +63,7 @@ void WinMsgRouter::UnregisterWindow(Window* window)
     if (back != m_aHandleToWindow.end() && back->second == window)
         m_aHandleToWindow.erase(back);
     m_aWindowToHandle.erase(it);
-}
-
-Window* WinMsgRouter::FindWindow(NativeWindow handle) const
-{
-    auto it = m_aHandleToWindow.find(handle);
-    return it == m_aHandleToWindow.end() ? nullptr : it->second;
+    ++m_nMapGeneration;
 }
 
 NativeWindow WinMsgRouter::FindHandle(const Window* window) const
@@ -92,16 +98,6 @@ void WinMsgRouter::PullWinProcHook(WinProcHook hook)
         return;
     std::copy(found + 1, end, found);
     m_aHooks[--m_nHookCount] = nullptr;
-}
-
-// Reads the live array, so a hook pulled by an earlier one is not called.
-bool WinMsgRouter::CallWinProcHooks(NativeWindow window, uint32_t message, WParam wParam, LParam lParam) const
-{
-    for (uint32_t i = 0; i < m_nHookCount; ++i) {
-        if (m_aHooks[i](window, message, wParam, lParam))
-            return true;
-    }
-    return false;
 }
 
 void WinMsgRouter::PushKeyLinks()

@@ -94,13 +94,14 @@ intptr_t Window::WinProc(NativeWindow handle, uint32_t message, WParam wParam, L
         window->m_bVisible = wParam != 0;
     else if (message == WM_SIZE)
         window->m_nShowState = wParam == SIZE_MAXIMIZED ? 3 : wParam == SIZE_MINIMIZED ? 2 : 1;
+    // Any handler may destroy the window, and the Window with it.
+    const uint32_t generation = router->GetMapGeneration();
     window->OnProcessMsg(message, wParam, lParam);
-    if (router->FindWindow(handle) != window)
+    if (!router->IsStillRegistered(handle, window, generation))
         return 1;
     if (router->Dispatch(*window, message, wParam, lParam))
         return 1;
-    // The handler may have destroyed the window, and the Window with it.
-    if (router->FindWindow(handle) != window)
+    if (!router->IsStillRegistered(handle, window, generation))
         return 1;
     if (message == WM_STOP_HERE)
         return 0;
@@ -133,12 +134,13 @@ bool Window::ProcessPaint()
     // A context taken outside painting would bypass the paint surface.
     ReleaseContext();
     DeviceContext* previous = manager && dc ? manager->SetPaintDC(handle, dc) : nullptr;
+    WinMsgRouter* router = GlGetPWinMsgRouter();
+    const uint32_t generation = router ? router->GetMapGeneration() : 0;
     if (dc && dirty.right > dirty.left && dirty.bottom > dirty.top)
         Paint(CRectangle(dirty.left, dirty.top, dirty.right - 1, dirty.bottom - 1));
     // Paint may have destroyed the window and this object: only locals from here on, unless
     // the router still knows this Window under the handle.
-    WinMsgRouter* router = GlGetPWinMsgRouter();
-    if (router && router->FindWindow(handle) == this)
+    if (router && router->IsStillRegistered(handle, this, generation))
         ReleaseContext();
     if (manager && dc)
         manager->SetPaintDC(handle, previous);

@@ -51,13 +51,16 @@ bool WinMsgRouter::Dispatch(Window& w, uint32_t message, WParam wParam, LParam l
 // Mouse messages end in the library: the wrapped window has nothing more to do with them.
 bool Window::ProcessMouseMove(WParam wParam, LParam lParam)
 {
+    WinMsgRouter* router = GlGetPWinMsgRouter();
+    if (!router)
+        return true;
     const NativeWindow handle = GetHandle();
+    const uint32_t generation = router->GetMapGeneration();
     m_pMouseEvent->Fill(wParam, lParam);
     m_pMouseEvent->SetClicks(0);
     m_pMouseEvent->SetChangedButton(0);
     MouseMove(*m_pMouseEvent);
-    WinMsgRouter* router = GlGetPWinMsgRouter();
-    if (!router || router->FindWindow(handle) != this)
+    if (!router->IsStillRegistered(handle, this, generation))
         return true;
     const WinCursor cursor = router->GetBusyCount() >= 1 ? WinCursor::Wait : m_eCursor;
     // The display is told only of changes: moves are frequent.

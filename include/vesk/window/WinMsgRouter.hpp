@@ -36,8 +36,16 @@ public:
     // Removes the first occurrence of the hook; later hooks keep their order.
     void PullWinProcHook(WinProcHook hook);
     uint32_t GetHookCount() const { return m_nHookCount; }
-    // Calls the hooks in installation order; true as soon as one swallows the message.
-    bool CallWinProcHooks(NativeWindow window, uint32_t message, WParam wParam, LParam lParam) const;
+    // Calls the hooks in installation order; true as soon as one swallows the message. Reads
+    // the live array, so a hook pulled by an earlier one is not called.
+    bool CallWinProcHooks(NativeWindow window, uint32_t message, WParam wParam, LParam lParam) const
+    {
+        for (uint32_t i = 0; i < m_nHookCount; ++i) {
+            if (m_aHooks[i](window, message, wParam, lParam))
+                return true;
+        }
+        return false;
+    }
 
     HdlChain& GetKeyDownChain() { return m_aKeyDownChain; }
     HdlChain& GetKeyUpChain() { return m_aKeyUpChain; }
@@ -52,8 +60,26 @@ public:
     // Library windows by handle and handles by window, kept in step.
     void RegisterWindow(Window* window, NativeWindow handle);
     void UnregisterWindow(Window* window);
-    Window* FindWindow(NativeWindow handle) const;
+    // Messages come in bursts to one window (moves, paints): the last answer is kept until
+    // the map changes.
+    Window* FindWindow(NativeWindow handle) const
+    {
+        if (handle == m_aLastFound.handle && m_aLastFound.generation == m_nMapGeneration)
+            return m_aLastFound.window;
+        auto it = m_aHandleToWindow.find(handle);
+        Window* window = it == m_aHandleToWindow.end() ? nullptr : it->second;
+        m_aLastFound = {handle, window, m_nMapGeneration};
+        return window;
+    }
     NativeWindow FindHandle(const Window* window) const;
+    // Counts changes of the handle-to-window map: while it stays the same, every window found
+    // before is still registered under its handle (a cheap test after running a handler).
+    uint32_t GetMapGeneration() const { return m_nMapGeneration; }
+    // Whether `window` is still registered under `handle`, given the generation of before.
+    bool IsStillRegistered(NativeWindow handle, const Window* window, uint32_t generation) const
+    {
+        return generation == m_nMapGeneration || FindWindow(handle) == window;
+    }
     std::size_t GetWindowCount() const { return m_aHandleToWindow.size(); }
     // Scroll bars and controls by handle; a second entry for a handle replaces the first.
     void AddScrollBar(NativeWindow handle, ScrollBar* bar) { m_aScrollBars[handle] = bar; }
@@ -86,6 +112,14 @@ private:
     uint32_t m_nFlag = 1;
     uint32_t m_nStartTick = 0;
     uint32_t m_nBusyCount = 0;
+    uint32_t m_nMapGeneration = 0;
+    struct LastFound
+    {
+        NativeWindow handle;
+        Window* window;
+        uint32_t generation;
+    };
+    mutable LastFound m_aLastFound{nullptr, nullptr, UINT32_MAX};
     HdlChain m_aKeyDownChain;
     HdlChain m_aKeyUpChain;
     std::vector<HdlChain> m_aKeyDownStack;
