@@ -1,5 +1,6 @@
 #include "ProbeWindow.hpp"
 
+#include <chrono>
 #include <map>
 #include <thread>
 
@@ -134,10 +135,16 @@ TEST_F(LoopTest, HoverAndLeaveComeOnceAndOnlyWhenAskedFor)
     Headless().InjectMouseMove(h, 3, 4);
     EXPECT_EQ(RunMessageLoop(), 0);
     EXPECT_EQ(win.log.back(), "Hover 3,4 b0 m0 c0 0");
+    // The hover was the answer: resting again brings no second one.
+    Headless().InjectMouseMove(h, 5, 5);
+    PumpMessages();
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    PumpMessages();
     Headless().InjectMouseLeave(h);
     Headless().InjectMouseLeave(h);
     PumpMessages();
-    EXPECT_EQ(win.log, (std::vector<std::string>{"Move 3,4 b0 m0 c0 0", "Hover 3,4 b0 m0 c0 0", "Leave"}));
+    EXPECT_EQ(win.log, (std::vector<std::string>{"Move 3,4 b0 m0 c0 0", "Hover 3,4 b0 m0 c0 0",
+                                                 "Move 5,5 b0 m0 c0 0", "Leave"}));
     Window::SetHoverTime(400);
 }
 

@@ -13,7 +13,7 @@ class ProbeWindow : public Window
 {
 public:
     std::vector<std::string> log;
-    std::function<void()> onPaint, onMouse;
+    std::function<void()> onPaint, onMouse, onNote;
     bool handleKeys = false;
     bool eraseHandled = false;
 
@@ -56,7 +56,12 @@ protected:
     void ExitMenuLoop() override { Note("ExitMenu"); }
 
 private:
-    void Note(const std::string& s) { log.push_back(s); }
+    void Note(const std::string& s)
+    {
+        log.push_back(s);
+        if (onNote)
+            onNote();
+    }
     // "<kind> x,y b<buttons> m<modifier> c<clicks> <changed button>"
     void Mouse(const std::string& kind, const MouseEvent& e)
     {

@@ -154,6 +154,7 @@ TEST_F(RoutingTest, TheDispatcherCallsOneHandlerPerMessage)
         {WM_MBUTTONDBLCLK, MK_MBUTTON, MakeLParam(1, 2), "Down 1,2 b4 m0 c2 4", false},
         // Screen (15, 17) over a window whose client area starts at (10, 10).
         {WM_MOUSEWHEEL, (120u << 16) | MK_LBUTTON, MakeLParam(15, 17), "Wheel120 5,7 b1 m0 c0 0", false},
+        {WM_MOUSEWHEEL, 0xFF880000u, MakeLParam(10, 10), "Wheel-120 0,0 b0 m0 c0 0", false},
         {WM_ENTERMENULOOP, 0, 0, "EnterMenu", true},
         {WM_EXITMENULOOP, 0, 0, "ExitMenu", true},
         {WM_MOUSEHOVER, 0, MakeLParam(8, 9), "Hover 8,9 b0 m0 c0 0", false},
@@ -269,15 +270,39 @@ TEST_F(RoutingTest, TheToolTipSeesEveryRoutedMessage)
     win.SetToolTip(nullptr);
 }
 
+namespace {
+
+std::vector<uint32_t> g_aSavedProcLog;
+
+// A procedure that outlives its CWnd's registration: it records every message it is given.
+intptr_t LoggingProc(NativeWindow window, uint32_t message, WParam wParam, LParam lParam)
+{
+    g_aSavedProcLog.push_back(message);
+    return CWnd::StandardWndProc(window, message, wParam, lParam);
+}
+
+} // namespace
+
 TEST_F(RoutingTest, AWindowDestroyedInItsOwnHandlerIsNotPassedOn)
 {
-    win.onMouse = [&] { wnd.DestroyWindow(); };
-    EXPECT_EQ(SendMessage(h, WM_MOUSEMOVE, 0, 0), 1);
-    EXPECT_EQ(wnd.GetSafeHwnd(), nullptr);
-    EXPECT_FALSE(win.IsRegistered());
-    EXPECT_EQ(Router().FindWindow(h), nullptr);
-    // The saved procedure saw the destruction, and nothing of the mouse message.
-    EXPECT_EQ(wnd.Messages(), (std::vector<uint32_t>{WM_DESTROY}));
+    RecordingWnd other;
+    ASSERT_TRUE(other.Create(WndKind::TopLevel, nullptr, TamPoint(0, 0), TamSize(5, 5)));
+    other.SetWindowProc(&LoggingProc);
+    ProbeWindow w;
+    w.SetAsWrap(&other);
+    const NativeWindow oh = other.GetSafeHwnd();
+    g_aSavedProcLog.clear();
+    // A move is passed on after its handler, unless the handler destroyed the window.
+    w.onNote = [&] { other.DestroyWindow(); };
+    EXPECT_EQ(SendMessage(oh, WM_MOVE, 0, 0), 1);
+    EXPECT_EQ(other.GetSafeHwnd(), nullptr);
+    EXPECT_FALSE(w.IsRegistered());
+    EXPECT_EQ(Router().FindWindow(oh), nullptr);
+    // The saved procedure saw the destruction, and nothing of the move.
+    EXPECT_EQ(g_aSavedProcLog, (std::vector<uint32_t>{WM_DESTROY}));
+    // Messages for the handle that is gone end in the library.
+    EXPECT_EQ(Window::WinProc(oh, WM_USER, 0, 0), 1);
+    EXPECT_EQ(g_aSavedProcLog.size(), 1u);
 }
 
 TEST_F(RoutingTest, KeyDownOnAWindowDeletedInItsHandlerEndsCleanly)
