@@ -89,10 +89,11 @@ TEST_F(PaintTest, AWindowDestroyedInsideItsPaintHandlerLeavesNothingBehind)
     ASSERT_TRUE(doomedWnd->Create(WndKind::TopLevel, nullptr, TamPoint(0, 0), TamSize(8, 8)));
     auto* doomed = new ProbeWindow;
     doomed->SetAsWrap(doomedWnd);
-    doomed->onPaint = [&] {
+    doomed->onPaint = [doomed, doomedWnd] {
         doomed->Erase(CRectangle(0, 0, 3, 3), TamColor(0, 0xFFFF, 0));
+        RecordingWnd* wndToo = doomedWnd; // this closure goes with the Window
         delete doomed;
-        delete doomedWnd;
+        delete wndToo;
     };
     doomedWnd->ShowWindow(SW_SHOW);
     PumpMessages();

@@ -305,16 +305,17 @@ TEST_F(RoutingTest, AWindowDestroyedInItsOwnHandlerIsNotPassedOn)
     EXPECT_EQ(g_aSavedProcLog.size(), 1u);
 }
 
-TEST_F(RoutingTest, KeyDownOnAWindowDeletedInItsHandlerEndsCleanly)
+TEST_F(RoutingTest, AWindowDeletedInItsOwnHandlerEndsCleanly)
 {
     auto* doomed = new RecordingWnd;
     ASSERT_TRUE(doomed->Create(WndKind::TopLevel, nullptr, TamPoint(0, 0), TamSize(5, 5)));
     auto* w = new ProbeWindow;
     w->SetAsWrap(doomed);
     const NativeWindow dh = doomed->GetSafeHwnd();
-    w->onMouse = [&] {
+    w->onMouse = [w, doomed] {
+        RecordingWnd* wndToo = doomed; // this closure goes with the Window
         delete w;
-        delete doomed;
+        delete wndToo;
     };
     EXPECT_EQ(SendMessage(dh, WM_LBUTTONDOWN, 0, 0), 1);
     EXPECT_EQ(Router().FindWindow(dh), nullptr);
