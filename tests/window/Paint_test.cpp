@@ -3,6 +3,7 @@
 #include <cairo.h>
 
 #include <atomic>
+#include <chrono>
 #include <thread>
 
 using namespace vesk;
@@ -114,16 +115,28 @@ TEST_F(PaintTest, AWindowDestroyedInsideItsPaintHandlerLeavesNothingBehind)
 }
 
 // A player thread draws on the window through a device of its own while the user-interface
-// thread repaints: the two take turns on the window's surface.
+// thread repaints: the two take turns on the window's surface. The first paint dawdles, so a
+// player that did not wait for it would get its context while it runs.
 TEST_F(PaintTest, AnotherThreadDrawsThroughItsOwnDeviceWhileTheWindowPaints)
 {
-    win.onPaint = [&] { win.Erase(CRectangle(0, 0, 19, 29), TamColor(0xFFFF, 0, 0)); };
+    std::atomic<bool> started{false}, painting{false}, overlapped{false};
+    win.onPaint = [&] {
+        painting = true;
+        if (!started.exchange(true))
+            std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        win.Erase(CRectangle(0, 0, 19, 29), TamColor(0xFFFF, 0, 0));
+        painting = false;
+    };
     Window player;
     player.SetAsParentWrap(&wnd, false);
     std::atomic<bool> done{false};
     std::thread thread([&] {
+        while (!started)
+            std::this_thread::yield();
         for (int i = 0; i < 200; ++i) {
-            player.Erase(CRectangle(20, 0, 39, 29), TamColor(0, 0xFFFF, 0));
+            player.InitDevice();
+            overlapped = overlapped || painting;
+            player.Erase(CRectangle(0, 0, 39, 29), TamColor(0, 0xFFFF, 0)); // over the paint's half too
             player.ReleaseDevice();
         }
         done = true;
@@ -135,6 +148,7 @@ TEST_F(PaintTest, AnotherThreadDrawsThroughItsOwnDeviceWhileTheWindowPaints)
         ++paints;
     }
     thread.join();
+    EXPECT_FALSE(overlapped);
     EXPECT_EQ(Pixel(0, 0), 0xFFFF0000u);
     EXPECT_EQ(Pixel(39, 0), 0xFF00FF00u);
 }

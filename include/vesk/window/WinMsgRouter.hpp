@@ -47,6 +47,9 @@ public:
         return false;
     }
 
+    // The global key chains; their handlers receive the KeyEvent* of the message. Key-up
+    // messages always reach the key-up chain, key-down messages the key-down chain only when
+    // the focused window did not handle them.
     HdlChain& GetKeyDownChain() { return m_aKeyDownChain; }
     HdlChain& GetKeyUpChain() { return m_aKeyUpChain; }
     // Saves both key chains on their stacks and empties them.
