@@ -15,6 +15,7 @@ namespace vesk {
 // its slot through an access struct of its own and makes the object on first use.
 struct BrushBitmaps;
 struct LocaleRegistries;
+class DCManager;
 class TamColor;
 class WinMsgRouter;
 
@@ -129,6 +130,7 @@ private:
     friend struct BrushBitmapsAccess;
     friend struct LocaleRegistriesAccess;
     friend struct WinMsgRouterAccess;
+    friend struct DCManagerAccess;
 
     NativeWindow m_hMainWnd = nullptr;
     std::shared_ptr<ColorTableEntry[]> m_pColorTable;
@@ -140,6 +142,7 @@ private:
     std::shared_ptr<LocaleRegistries> m_pLocaleRegistries; // International's, made on first use
     std::shared_ptr<WinMsgRouter> m_pWinMsgRouter;         // the message router, made on first use
     std::shared_ptr<BrushBitmaps> m_pBrushBitmaps;         // the two dither patterns, made on first use
+    std::shared_ptr<DCManager> m_pDCManager;               // window device contexts, made on first use
     double m_fTextScaleFactor = 1.0;
     int32_t m_nResolutionX = 96;
     int32_t m_nResolutionY = 96;
