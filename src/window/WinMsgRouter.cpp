@@ -2,6 +2,7 @@
 #include <vesk/window/WinMsgRouter.hpp>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 
 namespace vesk {
@@ -12,21 +13,75 @@ struct WinMsgRouterAccess
     static std::shared_ptr<WinMsgRouter>& Slot(VeskData& data) { return data.m_pWinMsgRouter; }
 };
 
+namespace {
+
+// Kept out of line so that the look-up every message makes stays small.
+[[gnu::noinline]] WinMsgRouter* MakeRouter(VeskData& data)
+{
+    std::shared_ptr<WinMsgRouter>& slot = WinMsgRouterAccess::Slot(data);
+    slot = std::make_shared<WinMsgRouter>();
+    return slot.get();
+}
+
+} // namespace
+
 WinMsgRouter* GlGetPWinMsgRouter()
 {
     VeskData* data = GetPVeskData();
     if (data == nullptr)
         return nullptr;
-    std::shared_ptr<WinMsgRouter>& slot = WinMsgRouterAccess::Slot(*data);
-    if (!slot)
-        slot = std::make_shared<WinMsgRouter>();
-    return slot.get();
+    WinMsgRouter* router = WinMsgRouterAccess::Slot(*data).get();
+    return router ? router : MakeRouter(*data);
 }
 
 void VeskSetCWndNextFocus(NativeWindow window)
 {
     if (WinMsgRouter* router = GlGetPWinMsgRouter())
         router->SetNextFocusWindow(window);
+}
+
+WinMsgRouter::WinMsgRouter()
+    : m_nStartTick(static_cast<uint32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(
+          std::chrono::steady_clock::now().time_since_epoch()).count()))
+{
+}
+
+void WinMsgRouter::RegisterWindow(Window* window, NativeWindow handle)
+{
+    UnregisterWindow(window);
+    m_aWindowToHandle[window] = handle;
+    m_aHandleToWindow[handle] = window;
+    ++m_nMapGeneration;
+}
+
+void WinMsgRouter::UnregisterWindow(Window* window)
+{
+    auto it = m_aWindowToHandle.find(window);
+    if (it == m_aWindowToHandle.end())
+        return;
+    auto back = m_aHandleToWindow.find(it->second);
+    if (back != m_aHandleToWindow.end() && back->second == window)
+        m_aHandleToWindow.erase(back);
+    m_aWindowToHandle.erase(it);
+    ++m_nMapGeneration;
+}
+
+NativeWindow WinMsgRouter::FindHandle(const Window* window) const
+{
+    auto it = m_aWindowToHandle.find(window);
+    return it == m_aWindowToHandle.end() ? nullptr : it->second;
+}
+
+ScrollBar* WinMsgRouter::FindScrollBar(NativeWindow handle) const
+{
+    auto it = m_aScrollBars.find(handle);
+    return it == m_aScrollBars.end() ? nullptr : it->second;
+}
+
+void* WinMsgRouter::FindControl(NativeWindow handle) const
+{
+    auto it = m_aControls.find(handle);
+    return it == m_aControls.end() ? nullptr : it->second;
 }
 
 void WinMsgRouter::PushWinProcHook(WinProcHook hook)
@@ -43,16 +98,6 @@ void WinMsgRouter::PullWinProcHook(WinProcHook hook)
         return;
     std::copy(found + 1, end, found);
     m_aHooks[--m_nHookCount] = nullptr;
-}
-
-// Reads the live array, so a hook pulled by an earlier one is not called.
-bool WinMsgRouter::CallWinProcHooks(NativeWindow window, uint32_t message, WParam wParam, LParam lParam) const
-{
-    for (uint32_t i = 0; i < m_nHookCount; ++i) {
-        if (m_aHooks[i](window, message, wParam, lParam))
-            return true;
-    }
-    return false;
 }
 
 void WinMsgRouter::PushKeyLinks()
@@ -85,6 +130,24 @@ void GlPullWinProcHook(WinProcHook hook)
 {
     if (WinMsgRouter* router = GlGetPWinMsgRouter())
         router->PullWinProcHook(hook);
+}
+
+void GlIncBusy()
+{
+    if (WinMsgRouter* router = GlGetPWinMsgRouter())
+        router->IncBusy();
+}
+
+void GlDecBusy()
+{
+    if (WinMsgRouter* router = GlGetPWinMsgRouter())
+        router->DecBusy();
+}
+
+uint32_t GlGetBusyCount()
+{
+    WinMsgRouter* router = GlGetPWinMsgRouter();
+    return router ? router->GetBusyCount() : 0;
 }
 
 } // namespace vesk

@@ -14,6 +14,7 @@ namespace vesk {
 // State of higher families that the library state owns without knowing it: each family reaches
 // its slot through an access struct of its own and makes the object on first use.
 struct LocaleRegistries;
+class DCManager;
 class TamColor;
 class WinMsgRouter;
 
@@ -127,6 +128,7 @@ public:
 private:
     friend struct LocaleRegistriesAccess;
     friend struct WinMsgRouterAccess;
+    friend struct DCManagerAccess;
 
     NativeWindow m_hMainWnd = nullptr;
     std::shared_ptr<ColorTableEntry[]> m_pColorTable;
@@ -137,6 +139,7 @@ private:
     std::shared_ptr<TranscriptData> m_pTranscriptData;
     std::shared_ptr<LocaleRegistries> m_pLocaleRegistries; // International's, made on first use
     std::shared_ptr<WinMsgRouter> m_pWinMsgRouter;         // the message router, made on first use
+    std::shared_ptr<DCManager> m_pDCManager;               // window device contexts, made on first use
     double m_fTextScaleFactor = 1.0;
     int32_t m_nResolutionX = 96;
     int32_t m_nResolutionY = 96;

@@ -46,9 +46,25 @@ struct WindowBox
 };
 
 // Receives every event of every native window as (handle, message, wParam, lParam), with
-// the platform's message numbers and packing (WM_MOUSEMOVE 512 with MAKELPARAM(x, y) in
-// signed 16-bit client coordinates and the MK_ key-state bits in wParam, WM_KEYDOWN 256 with
-// the virtual-key code and repeat/scan/transition bits, WM_PAINT 15, WM_CLOSE 16, ...).
+// the platform's message numbers and packing (vesk/frame/WinMessages.hpp). What backends send:
+//   mouse 512 move, 513/514 left down/up, 516/517 right, 519/520 middle, 515/518/521 double
+//     clicks (second press within 500 ms and 4 pixels): lParam MAKELPARAM(x, y) in signed
+//     16-bit client coordinates, wParam the MK_ bits (1 left, 2 right, 4 shift, 8 control,
+//     0x10 middle) as they are after the event;
+//   522 wheel: wParam high word the signed delta (120 per notch, positive away from the
+//     user), low word the MK_ bits; lParam MAKELPARAM of the pointer in screen coordinates;
+//   675 the pointer left the window (sent always; the framework passes it on only to windows
+//     that asked for it);
+//   256/257 key down/up (260/261 with Alt held): wParam the virtual-key code, lParam repeat
+//     count 1 in bits 0-15, scan code in 16-23, bit 24 extended key, bit 29 Alt held, bit 30
+//     previous state (1 for up and for auto-repeat), bit 31 transition (1 for up); after a
+//     down that types text, 258 (262 with Alt) with the UTF-16 unit in wParam;
+//   15 paint (after the other pending events), 16 close (the window manager's close button),
+//   5 size (wParam 0 restored, 1 minimised, 2 maximised; lParam MAKELPARAM(width, height) of
+//     the client area), 3 move (lParam MAKELPARAM of the client origin in screen
+//     coordinates), 24 show (wParam 1 shown, 0 hidden), 6 activate (wParam 1 active, 0
+//     inactive; lParam the other window), 7/8 focus gained/lost (wParam the other window),
+//     2 destroy (from DestroyWindow, synchronously).
 using WindowProcedure = intptr_t (*)(NativeWindow window, uint32_t message, WParam wParam, LParam lParam);
 
 // Every member may be called from any thread unless it says otherwise; events are delivered

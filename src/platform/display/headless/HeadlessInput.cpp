@@ -1,0 +1,172 @@
+// The test interface of the headless display: native input turned into messages with the
+// packing every backend uses.
+
+#include "platform/display/headless/HeadlessWindow_p.hpp"
+
+#include <vesk/frame/WinMessages.hpp>
+
+#include <chrono>
+#include <cstdlib>
+
+namespace vesk::display {
+
+namespace {
+
+constexpr uint32_t BUTTON_BITS[3] = {MK_LBUTTON, MK_RBUTTON, MK_MBUTTON};
+constexpr uint32_t BUTTON_DOWN[3] = {WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN};
+constexpr int WHEEL_DELTA = 120;
+constexpr int DOUBLE_CLICK_MS = 500;
+constexpr int DOUBLE_CLICK_SLOP = 4;
+
+int64_t NowMs()
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+               std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+// A scan code for the key: the set-1 codes of a PC keyboard for the common keys, else 0.
+uint32_t ScanCode(uint32_t vk)
+{
+    static const char* const rows = "QWERTYUIOP";
+    for (uint32_t i = 0; rows[i]; ++i) {
+        if (vk == static_cast<uint32_t>(rows[i]))
+            return 0x10 + i;
+    }
+    switch (vk) {
+    case VK_ESCAPE: return 0x01;
+    case VK_BACK: return 0x0E;
+    case VK_TAB: return 0x0F;
+    case VK_RETURN: return 0x1C;
+    case VK_SPACE: return 0x39;
+    default: return 0;
+    }
+}
+
+bool IsExtendedKey(uint32_t vk)
+{
+    return (vk >= VK_PRIOR && vk <= VK_DOWN) || vk == VK_INSERT || vk == VK_DELETE || vk == VK_DIVIDE;
+}
+
+} // namespace
+
+WParam HeadlessBackend::MouseKeyState(uint32_t modifiers) const
+{
+    return m_nButtons | (modifiers & HEADLESS_SHIFT ? uint32_t{MK_SHIFT} : 0u) |
+           (modifiers & HEADLESS_CONTROL ? uint32_t{MK_CONTROL} : 0u);
+}
+
+void HeadlessBackend::InjectMouseMove(NativeWindow window, int32_t x, int32_t y, uint32_t modifiers)
+{
+    std::lock_guard lock(m_aMutex);
+    if (!m_aWindows.count(reinterpret_cast<uintptr_t>(window)))
+        return;
+    // Moving onto another window is leaving the one under the pointer.
+    if (m_hPointer && m_hPointer != window)
+        Queue(m_hPointer, WM_MOUSELEAVE, 0, 0);
+    m_hPointer = window;
+    Queue(window, WM_MOUSEMOVE, MouseKeyState(modifiers), MakeLParam(x, y));
+}
+
+void HeadlessBackend::InjectMouseLeave(NativeWindow window)
+{
+    std::lock_guard lock(m_aMutex);
+    if (!m_aWindows.count(reinterpret_cast<uintptr_t>(window)))
+        return;
+    if (m_hPointer == window)
+        m_hPointer = nullptr;
+    Queue(window, WM_MOUSELEAVE, 0, 0);
+}
+
+void HeadlessBackend::InjectMouseButton(NativeWindow window, MouseButton button, bool down, int32_t x,
+                                        int32_t y, uint32_t modifiers)
+{
+    std::lock_guard lock(m_aMutex);
+    if (!m_aWindows.count(reinterpret_cast<uintptr_t>(window)))
+        return;
+    const auto b = static_cast<size_t>(button);
+    uint32_t message;
+    if (down) {
+        m_nButtons |= BUTTON_BITS[b];
+        message = BUTTON_DOWN[b];
+        // The second press of a button close by in place and time is a double click (the
+        // message after the press is the double-click one, not a third press).
+        const int64_t now = NowMs();
+        LastClick& last = m_aLastClick;
+        if (last.pending && last.window == window && last.message == message &&
+            now - last.time <= DOUBLE_CLICK_MS && std::abs(x - last.x) <= DOUBLE_CLICK_SLOP &&
+            std::abs(y - last.y) <= DOUBLE_CLICK_SLOP) {
+            message += 2;
+            last.pending = false;
+        } else {
+            last = {window, message, x, y, now, true};
+        }
+    } else {
+        m_nButtons &= ~BUTTON_BITS[b];
+        message = BUTTON_DOWN[b] + 1;
+    }
+    Queue(window, message, MouseKeyState(modifiers), MakeLParam(x, y));
+}
+
+void HeadlessBackend::InjectWheel(NativeWindow window, int32_t x, int32_t y, int32_t notches, uint32_t modifiers)
+{
+    std::lock_guard lock(m_aMutex);
+    auto it = m_aWindows.find(reinterpret_cast<uintptr_t>(window));
+    if (it == m_aWindows.end())
+        return;
+    const WindowBox box = GetBoxLocked(*it->second);
+    const uint32_t delta = static_cast<uint16_t>(notches * WHEEL_DELTA);
+    Queue(window, WM_MOUSEWHEEL, (delta << 16) | MouseKeyState(modifiers), MakeLParam(box.left + x, box.top + y));
+}
+
+void HeadlessBackend::InjectKey(NativeWindow window, uint32_t virtualKey, bool down, char16_t text,
+                                uint32_t modifiers)
+{
+    std::lock_guard lock(m_aMutex);
+    if (!m_aWindows.count(reinterpret_cast<uintptr_t>(window)))
+        return;
+    const bool alt = modifiers & HEADLESS_ALT;
+    uint32_t bits = 1 | ScanCode(virtualKey) << 16;
+    if (IsExtendedKey(virtualKey))
+        bits |= 1u << 24;
+    if (alt)
+        bits |= 1u << 29;
+    if (!down)
+        bits |= 3u << 30;
+    const uint32_t message = (down ? WM_KEYDOWN : WM_KEYUP) + (alt ? WM_SYSKEYDOWN - WM_KEYDOWN : 0);
+    Queue(window, message, virtualKey & 0xFF, static_cast<int32_t>(bits));
+    if (down && text)
+        Queue(window, alt ? WM_SYSCHAR : WM_CHAR, text, static_cast<int32_t>(bits));
+}
+
+void HeadlessBackend::InjectExpose(NativeWindow window, const WindowBox* box)
+{
+    Invalidate(window, box);
+}
+
+void HeadlessBackend::InjectResize(NativeWindow window, int32_t width, int32_t height)
+{
+    int32_t x, y;
+    {
+        std::lock_guard lock(m_aMutex);
+        auto it = m_aWindows.find(reinterpret_cast<uintptr_t>(window));
+        if (it == m_aWindows.end())
+            return;
+        x = it->second->x;
+        y = it->second->y;
+    }
+    MoveWindow(window, x, y, width, height);
+}
+
+void HeadlessBackend::InjectClose(NativeWindow window)
+{
+    std::lock_guard lock(m_aMutex);
+    if (m_aWindows.count(reinterpret_cast<uintptr_t>(window)))
+        Queue(window, WM_CLOSE, 0, 0);
+}
+
+void HeadlessBackend::InjectFocus(NativeWindow window)
+{
+    SetFocus(window);
+}
+
+} // namespace vesk::display

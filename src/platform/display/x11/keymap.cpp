@@ -1,0 +1,264 @@
+#include "platform/display/x11/keymap.hpp"
+
+#include "platform/keyboard.hpp"
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+#include <xkbcommon/xkbcommon-x11.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace vesk::display::x11 {
+
+namespace {
+
+struct SymKey
+{
+    xkb_keysym_t sym;
+    uint16_t vk;
+};
+
+// Sorted by key symbol. Keypad keys without Num Lock give the navigation keys they carry.
+constexpr SymKey kSymKeys[] = {
+    {XKB_KEY_ISO_Left_Tab, 0x09},
+    {XKB_KEY_BackSpace, 0x08},
+    {XKB_KEY_Tab, 0x09},
+    {XKB_KEY_Clear, 0x0C},
+    {XKB_KEY_Return, 0x0D},
+    {XKB_KEY_Pause, 0x13},
+    {XKB_KEY_Scroll_Lock, 0x91},
+    {XKB_KEY_Sys_Req, 0x2C},
+    {XKB_KEY_Escape, 0x1B},
+    {XKB_KEY_Home, 0x24},
+    {XKB_KEY_Left, 0x25},
+    {XKB_KEY_Up, 0x26},
+    {XKB_KEY_Right, 0x27},
+    {XKB_KEY_Down, 0x28},
+    {XKB_KEY_Prior, 0x21},
+    {XKB_KEY_Next, 0x22},
+    {XKB_KEY_End, 0x23},
+    {XKB_KEY_Select, 0x29},
+    {XKB_KEY_Print, 0x2C},
+    {XKB_KEY_Execute, 0x2B},
+    {XKB_KEY_Insert, 0x2D},
+    {XKB_KEY_Menu, 0x5D},
+    {XKB_KEY_Help, 0x2F},
+    {XKB_KEY_Break, 0x03},
+    {XKB_KEY_Num_Lock, 0x90},
+    {XKB_KEY_KP_Enter, 0x0D},
+    {XKB_KEY_KP_Home, 0x24},
+    {XKB_KEY_KP_Left, 0x25},
+    {XKB_KEY_KP_Up, 0x26},
+    {XKB_KEY_KP_Right, 0x27},
+    {XKB_KEY_KP_Down, 0x28},
+    {XKB_KEY_KP_Prior, 0x21},
+    {XKB_KEY_KP_Next, 0x22},
+    {XKB_KEY_KP_End, 0x23},
+    {XKB_KEY_KP_Begin, 0x0C},
+    {XKB_KEY_KP_Insert, 0x2D},
+    {XKB_KEY_KP_Delete, 0x2E},
+    {XKB_KEY_KP_Multiply, 0x6A},
+    {XKB_KEY_KP_Add, 0x6B},
+    {XKB_KEY_KP_Separator, 0x6C},
+    {XKB_KEY_KP_Subtract, 0x6D},
+    {XKB_KEY_KP_Decimal, 0x6E},
+    {XKB_KEY_KP_Divide, 0x6F},
+    {XKB_KEY_Shift_L, VK_SHIFT},
+    {XKB_KEY_Shift_R, VK_SHIFT},
+    {XKB_KEY_Control_L, VK_CONTROL},
+    {XKB_KEY_Control_R, VK_CONTROL},
+    {XKB_KEY_Caps_Lock, 0x14},
+    {XKB_KEY_Meta_L, VK_MENU},
+    {XKB_KEY_Meta_R, VK_MENU},
+    {XKB_KEY_Alt_L, VK_MENU},
+    {XKB_KEY_Alt_R, VK_MENU},
+    {XKB_KEY_Super_L, 0x5B},
+    {XKB_KEY_Super_R, 0x5C},
+    {XKB_KEY_Delete, VK_DELETE},
+    {XKB_KEY_XF86AudioLowerVolume, 0xAE},
+    {XKB_KEY_XF86AudioMute, 0xAD},
+    {XKB_KEY_XF86AudioRaiseVolume, 0xAF},
+    {XKB_KEY_XF86AudioPlay, platform::VK_MEDIA_PLAY_PAUSE},
+    {XKB_KEY_XF86AudioStop, platform::VK_MEDIA_STOP},
+    {XKB_KEY_XF86AudioPrev, platform::VK_MEDIA_PREV_TRACK},
+    {XKB_KEY_XF86AudioNext, platform::VK_MEDIA_NEXT_TRACK},
+};
+
+static_assert(std::is_sorted(std::begin(kSymKeys), std::end(kSymKeys),
+                             [](const SymKey& a, const SymKey& b) { return a.sym < b.sym; }));
+
+// Set-1 scan codes of the keys whose evdev number differs from it; all carry the extended
+// prefix except Pause.
+struct EvdevScan
+{
+    uint8_t evdev;
+    uint8_t scan;
+    bool extended;
+};
+
+constexpr EvdevScan kEvdevScans[] = {
+    {96, 0x1C, true},  // keypad Enter
+    {97, 0x1D, true},  // right Control
+    {98, 0x35, true},  // keypad divide
+    {99, 0x37, true},  // Print Screen
+    {100, 0x38, true}, // right Alt
+    {102, 0x47, true}, // Home
+    {103, 0x48, true}, // Up
+    {104, 0x49, true}, // Page Up
+    {105, 0x4B, true}, // Left
+    {106, 0x4D, true}, // Right
+    {107, 0x4F, true}, // End
+    {108, 0x50, true}, // Down
+    {109, 0x51, true}, // Page Down
+    {110, 0x52, true}, // Insert
+    {111, 0x53, true}, // Delete
+    {119, 0x45, false}, // Pause
+    {125, 0x5B, true}, // left Windows key
+    {126, 0x5C, true}, // right Windows key
+    {127, 0x5D, true}, // Menu
+};
+
+// Evdev numbers up to here are set-1 scan codes themselves (Escape 1 ... F12 88).
+constexpr uint8_t kLastPlainEvdev = 88;
+constexpr uint8_t kEvdevNumLock = 69;
+
+void AppendUtf16(std::u16string& text, uint32_t cp)
+{
+    if (cp >= 0x10000) {
+        cp -= 0x10000;
+        text += static_cast<char16_t>(0xD800 + (cp >> 10));
+        text += static_cast<char16_t>(0xDC00 + (cp & 0x3FF));
+    } else {
+        text += static_cast<char16_t>(cp);
+    }
+}
+
+} // namespace
+
+uint16_t KeySymToVirtualKey(xkb_keysym_t sym)
+{
+    if (sym >= XKB_KEY_F1 && sym <= XKB_KEY_F24)
+        return static_cast<uint16_t>(0x70 + (sym - XKB_KEY_F1));
+    if (sym >= XKB_KEY_KP_0 && sym <= XKB_KEY_KP_9)
+        return static_cast<uint16_t>(0x60 + (sym - XKB_KEY_KP_0));
+    // Printable ASCII: the key that types it on a US keyboard (letters and digits are their
+    // own upper-case code, punctuation the OEM keys).
+    if (sym >= XKB_KEY_space && sym <= XKB_KEY_asciitilde) {
+        uint16_t scan = platform::UsKeyScan(static_cast<char16_t>(sym));
+        return scan == platform::KEYSCAN_NONE ? 0 : static_cast<uint16_t>(scan & 0xFF);
+    }
+    auto it = std::lower_bound(std::begin(kSymKeys), std::end(kSymKeys), sym,
+                               [](const SymKey& key, xkb_keysym_t value) { return key.sym < value; });
+    return it != std::end(kSymKeys) && it->sym == sym ? it->vk : 0;
+}
+
+ScanCode ScanCodeOf(xcb_keycode_t keycode)
+{
+    if (keycode < 8)
+        return {};
+    auto evdev = static_cast<unsigned>(keycode - 8);
+    if (evdev <= kLastPlainEvdev)
+        return {static_cast<uint8_t>(evdev), evdev == kEvdevNumLock};
+    for (const EvdevScan& entry : kEvdevScans)
+        if (entry.evdev == evdev)
+            return {entry.scan, entry.extended};
+    return {};
+}
+
+LParam KeyLParam(ScanCode scan, bool altHeld, bool wasDown, bool released)
+{
+    uint32_t packed = 1u | static_cast<uint32_t>(scan.code) << 16;
+    if (scan.extended)
+        packed |= 1u << 24;
+    if (altHeld)
+        packed |= 1u << 29;
+    if (wasDown)
+        packed |= 1u << 30;
+    if (released)
+        packed |= 1u << 31;
+    return static_cast<LParam>(static_cast<int32_t>(packed));
+}
+
+std::unique_ptr<Keymap> Keymap::Create(xcb_connection_t* xcb)
+{
+    if (!xkb_x11_setup_xkb_extension(xcb, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
+                                     XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr))
+        return nullptr;
+    int32_t device = xkb_x11_get_core_keyboard_device_id(xcb);
+    xkb_context* context = xkb_context_new(XKB_CONTEXT_NO_FLAGS);
+    if (device < 0 || !context) {
+        xkb_context_unref(context);
+        return nullptr;
+    }
+    std::unique_ptr<Keymap> keymap(new Keymap(xcb, context, device));
+    keymap->Reload();
+    if (!keymap->m_state)
+        return nullptr;
+    return keymap;
+}
+
+Keymap::Keymap(xcb_connection_t* xcb, xkb_context* context, int32_t device)
+    : m_xcb(xcb), m_context(context), m_device(device)
+{
+}
+
+Keymap::~Keymap()
+{
+    xkb_state_unref(m_state);
+    xkb_keymap_unref(m_keymap);
+    xkb_context_unref(m_context);
+}
+
+void Keymap::Reload()
+{
+    xkb_keymap* keymap = xkb_x11_keymap_new_from_device(m_context, m_xcb, m_device, XKB_KEYMAP_COMPILE_NO_FLAGS);
+    xkb_state* state = keymap ? xkb_x11_state_new_from_device(keymap, m_xcb, m_device) : nullptr;
+    if (!state) {
+        xkb_keymap_unref(keymap);
+        return;
+    }
+    xkb_state_unref(m_state);
+    xkb_keymap_unref(m_keymap);
+    m_keymap = keymap;
+    m_state = state;
+}
+
+void Keymap::SetState(uint16_t coreState)
+{
+    // The eight core modifiers are XKB's real modifiers in the same bit order; Caps Lock and
+    // Num Lock (Mod2) are locks, the rest are held. The group sits in bits 13-14.
+    constexpr uint16_t kLocks = XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2;
+    xkb_mod_mask_t mods = coreState & 0xFF;
+    xkb_state_update_mask(m_state, mods & ~kLocks, 0, mods & kLocks, 0, 0, (coreState >> 13) & 3);
+}
+
+uint16_t Keymap::VirtualKey(xcb_keycode_t keycode) const
+{
+    const xkb_keysym_t* syms = nullptr;
+    xkb_layout_index_t layout = xkb_state_key_get_layout(m_state, keycode);
+    if (layout == XKB_LAYOUT_INVALID)
+        layout = 0;
+    int count = xkb_keymap_key_get_syms_by_level(m_keymap, keycode, layout, 0, &syms);
+    if (count < 1)
+        return 0;
+    uint16_t vk = KeySymToVirtualKey(syms[0]);
+    // The keypad's digit keys carry their navigation symbol on the first level; with Num Lock
+    // on they type digits and report the numeric keypad codes.
+    xkb_keysym_t current = xkb_state_key_get_one_sym(m_state, keycode);
+    if (current >= XKB_KEY_KP_0 && current <= XKB_KEY_KP_9)
+        return KeySymToVirtualKey(current);
+    if (current == XKB_KEY_KP_Decimal)
+        return KeySymToVirtualKey(current);
+    return vk;
+}
+
+std::u16string Keymap::Text(xcb_keycode_t keycode) const
+{
+    std::u16string text;
+    uint32_t cp = xkb_state_key_get_utf32(m_state, keycode);
+    if (cp != 0)
+        AppendUtf16(text, cp);
+    return text;
+}
+
+} // namespace vesk::display::x11

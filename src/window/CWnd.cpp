@@ -1,0 +1,209 @@
+#include <vesk/window/CWnd.hpp>
+
+#include <vesk/frame/WinMessages.hpp>
+
+#include "window/WindowSystem_p.hpp"
+
+namespace vesk {
+
+namespace {
+
+display::DisplayBackend& Backend()
+{
+    return WindowSystem::Get().Backend();
+}
+
+} // namespace
+
+CWnd::~CWnd()
+{
+    DestroyWindow();
+}
+
+bool CWnd::Create(WndKind kind, CWnd* parent, const TamPoint& pos, const TamSize& clientSize, const char* utf8Title)
+{
+    if (m_hWnd || (kind == WndKind::Child && (!parent || !parent->m_hWnd)))
+        return false;
+    display::WindowSpec spec;
+    spec.kind = static_cast<display::WindowKind>(kind);
+    spec.parent = parent ? parent->m_hWnd : nullptr;
+    spec.x = pos.x;
+    spec.y = pos.y;
+    spec.width = clientSize.Width();
+    spec.height = clientSize.Height();
+    spec.title = utf8Title ? utf8Title : "";
+    WindowSystem& system = WindowSystem::Get();
+    const NativeWindow window = system.Backend().CreateWindow(spec);
+    if (!window)
+        return false;
+    m_eKind = kind;
+    m_pParent = parent;
+    system.Attach(*this, window);
+    system.Deliver(window, WM_CREATE, 0, 0);
+    return true;
+}
+
+bool CWnd::DestroyWindow()
+{
+    if (!m_hWnd)
+        return false;
+    Backend().DestroyWindow(m_hWnd);
+    return true;
+}
+
+CWnd* CWnd::FromHandle(NativeWindow window)
+{
+    return WindowSystem::Get().Find(window);
+}
+
+CRectangle CWnd::GetWindowRect() const
+{
+    const display::WindowBox b = Backend().GetWindowBox(m_hWnd);
+    return CRectangle(b.left, b.top, b.right, b.bottom);
+}
+
+TamSize CWnd::GetClientSize() const
+{
+    const display::WindowBox b = Backend().GetClientBox(m_hWnd);
+    return TamSize(b.right - b.left, b.bottom - b.top);
+}
+
+bool CWnd::MoveWindow(int32_t x, int32_t y, int32_t width, int32_t height)
+{
+    if (!m_hWnd)
+        return false;
+    Backend().MoveWindow(m_hWnd, x, y, width, height);
+    return true;
+}
+
+bool CWnd::ShowWindow(int command)
+{
+    const bool wasVisible = IsWindowVisible();
+    if (!m_hWnd)
+        return false;
+    if (command == SW_SHOW) {
+        const display::ShowCommand state = Backend().GetShowState(m_hWnd);
+        command = state == display::ShowCommand::Hide ? SW_SHOWNORMAL : static_cast<int>(state);
+    }
+    if (command >= SW_HIDE && command <= SW_SHOWMAXIMIZED)
+        Backend().Show(m_hWnd, static_cast<display::ShowCommand>(command));
+    return wasVisible;
+}
+
+bool CWnd::IsWindowVisible() const
+{
+    return m_hWnd && Backend().GetShowState(m_hWnd) != display::ShowCommand::Hide;
+}
+
+bool CWnd::IsIconic() const
+{
+    return m_hWnd && Backend().GetShowState(m_hWnd) == display::ShowCommand::Minimised;
+}
+
+bool CWnd::IsZoomed() const
+{
+    return m_hWnd && Backend().GetShowState(m_hWnd) == display::ShowCommand::Maximised;
+}
+
+void CWnd::SetWindowText(const char* utf8)
+{
+    if (m_hWnd)
+        Backend().SetTitle(m_hWnd, utf8 ? utf8 : "");
+}
+
+void CWnd::SetCursor(WinCursor cursor)
+{
+    static_assert(static_cast<int>(WinCursor::No) == static_cast<int>(display::CursorShape::No));
+    if (m_hWnd)
+        Backend().SetCursor(m_hWnd, static_cast<display::CursorShape>(cursor));
+}
+
+void CWnd::Invalidate()
+{
+    if (m_hWnd)
+        Backend().Invalidate(m_hWnd, nullptr);
+}
+
+void CWnd::InvalidateRect(const CRectangle& r)
+{
+    if (!m_hWnd || r.IsEmpty())
+        return;
+    const display::WindowBox box{r.Left(), r.Top(), r.Right() + 1, r.Bottom() + 1};
+    Backend().Invalidate(m_hWnd, &box);
+}
+
+void CWnd::SetFocus()
+{
+    if (m_hWnd)
+        Backend().SetFocus(m_hWnd);
+}
+
+NativeWindow CWnd::GetFocus()
+{
+    return Backend().GetFocus();
+}
+
+void CWnd::SetCapture()
+{
+    if (m_hWnd)
+        Backend().SetCapture(m_hWnd);
+}
+
+void CWnd::ReleaseCapture()
+{
+    Backend().SetCapture(nullptr);
+}
+
+bool CWnd::SetTimer(uintptr_t id, uint32_t ms)
+{
+    return id != HOVER_TIMER_ID && WindowSystem::Get().SetTimer(m_hWnd, id, ms);
+}
+
+bool CWnd::KillTimer(uintptr_t id)
+{
+    return id != HOVER_TIMER_ID && WindowSystem::Get().KillTimer(m_hWnd, id);
+}
+
+void CWnd::TrackMouseEvent(uint32_t flags, uint32_t hoverMs)
+{
+    if (m_hWnd)
+        WindowSystem::Get().TrackMouse(*this, flags, hoverMs);
+}
+
+WndProc CWnd::SetWindowProc(WndProc procedure)
+{
+    const WndProc old = m_pfnWndProc;
+    m_pfnWndProc = procedure ? procedure : &StandardWndProc;
+    return old;
+}
+
+intptr_t CWnd::StandardWndProc(NativeWindow window, uint32_t message, WParam wParam, LParam lParam)
+{
+    CWnd* wnd = FromHandle(window);
+    return wnd ? wnd->WindowProc(message, wParam, lParam) : 0;
+}
+
+intptr_t CWnd::WindowProc(uint32_t message, WParam wParam, LParam lParam)
+{
+    return DefWindowProc(message, wParam, lParam);
+}
+
+intptr_t CWnd::DefWindowProc(uint32_t message, WParam, LParam)
+{
+    switch (message) {
+    case WM_CLOSE:
+        DestroyWindow();
+        return 0;
+    case WM_PAINT: {
+        // Nobody painted: validate, or the display would ask again and again.
+        display::WindowBox dirty;
+        if (cairo_surface_t* surface = Backend().BeginPaint(m_hWnd, dirty))
+            Backend().EndPaint(m_hWnd, surface);
+        return 0;
+    }
+    default:
+        return 0;
+    }
+}
+
+} // namespace vesk

@@ -1,0 +1,179 @@
+#include "X11Fixture.hpp"
+
+namespace vesk::test {
+namespace {
+
+using namespace vesk::display;
+
+class X11Input : public X11Fixture { };
+
+int16_t X(LParam l) { return LowSigned(static_cast<uintptr_t>(l)); }
+int16_t Y(LParam l) { return HighSigned(static_cast<uintptr_t>(l)); }
+
+TEST_F(X11Input, ClickAndDoubleClickArriveInClientCoordinates)
+{
+    NativeWindow window = ShowWindow(100, 100, 200, 150);
+    ASSERT_EQ(Xdo({"mousemove", "--sync", "130", "140", "click", "1", "click", "3"}), 0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_RBUTTONUP) == 1; }));
+    auto moves = Of(window, {WM_MOUSEMOVE});
+    ASSERT_FALSE(moves.empty());
+    EXPECT_EQ(X(moves.back().lParam), 30);
+    EXPECT_EQ(Y(moves.back().lParam), 40);
+    EXPECT_EQ(moves.back().wParam, 0u);
+
+    auto buttons = Of(window, {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_RBUTTONDOWN, WM_RBUTTONUP});
+    ASSERT_EQ(buttons.size(), 4u);
+    // The key state is the one after the event: the pressed button is in it, the released one not.
+    EXPECT_EQ(buttons[0].message, WM_LBUTTONDOWN);
+    EXPECT_EQ(buttons[0].wParam, MK_LBUTTON);
+    EXPECT_EQ(buttons[1].message, WM_LBUTTONUP);
+    EXPECT_EQ(buttons[1].wParam, 0u);
+    EXPECT_EQ(buttons[2].message, WM_RBUTTONDOWN);
+    EXPECT_EQ(buttons[2].wParam, MK_RBUTTON);
+    for (const Message& m : buttons) {
+        EXPECT_EQ(X(m.lParam), 30);
+        EXPECT_EQ(Y(m.lParam), 40);
+    }
+
+    s_messages.clear();
+    ASSERT_EQ(Xdo({"click", "--repeat", "3", "--delay", "40", "1"}), 0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_LBUTTONUP) == 3; }));
+    auto clicks = Of(window, {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK});
+    ASSERT_EQ(clicks.size(), 3u);
+    EXPECT_EQ(clicks[0].message, WM_LBUTTONDOWN);
+    EXPECT_EQ(clicks[1].message, WM_LBUTTONDBLCLK);
+    EXPECT_EQ(clicks[2].message, WM_LBUTTONDOWN); // a third press starts again
+}
+
+TEST_F(X11Input, DragKeepsReportingToTheWindowBeyondItsEdges)
+{
+    NativeWindow window = ShowWindow(100, 100, 200, 150);
+    ASSERT_EQ(Xdo({"mousemove", "--sync", "110", "120", "mousedown", "1", "mousemove", "--sync", "250", "200",
+                   "mousemove", "--sync", "40", "60", "mouseup", "1"}),
+              0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_LBUTTONUP) == 1; }));
+    auto drag = Of(window, {WM_LBUTTONDOWN, WM_MOUSEMOVE, WM_LBUTTONUP});
+    ASSERT_GE(drag.size(), 4u);
+    const Message& up = drag.back();
+    const Message& lastMove = drag[drag.size() - 2];
+    EXPECT_EQ(lastMove.message, WM_MOUSEMOVE);
+    EXPECT_EQ(lastMove.wParam, MK_LBUTTON);
+    // Left of and above the window: negative 16-bit client coordinates.
+    EXPECT_EQ(X(lastMove.lParam), -60);
+    EXPECT_EQ(Y(lastMove.lParam), -40);
+    EXPECT_EQ(lastMove.lParam, MakeLParam(-60, -40));
+    EXPECT_LT(lastMove.lParam, 0); // the packed word sign-extends
+    EXPECT_EQ(up.wParam, 0u);
+    EXPECT_EQ(X(up.lParam), -60);
+    bool sawInside = false;
+    for (const Message& m : drag)
+        sawInside |= m.message == WM_MOUSEMOVE && X(m.lParam) == 150 && Y(m.lParam) == 100;
+    EXPECT_TRUE(sawInside);
+}
+
+TEST_F(X11Input, WheelNotchesCarryDeltaKeysAndScreenCoordinates)
+{
+    NativeWindow window = ShowWindow(100, 100, 200, 150);
+    ASSERT_EQ(Xdo({"mousemove", "--sync", "160", "170", "click", "4", "keydown", "shift", "click", "5", "keyup",
+                   "shift", "click", "7"}),
+              0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_MOUSEHWHEEL) == 1; }));
+    auto wheel = Of(window, {WM_MOUSEWHEEL, WM_MOUSEHWHEEL});
+    ASSERT_EQ(wheel.size(), 3u);
+    EXPECT_EQ(wheel[0].message, WM_MOUSEWHEEL);
+    EXPECT_EQ(HighSigned(wheel[0].wParam), 120);
+    EXPECT_EQ(wheel[0].wParam & 0xFFFF, 0u);
+    EXPECT_EQ(X(wheel[0].lParam), 160); // screen, not client, coordinates
+    EXPECT_EQ(Y(wheel[0].lParam), 170);
+    EXPECT_EQ(HighSigned(wheel[1].wParam), -120);
+    EXPECT_EQ(wheel[1].wParam, MakeWParam(MK_SHIFT, static_cast<uint32_t>(-120)));
+    EXPECT_EQ(wheel[2].message, WM_MOUSEHWHEEL);
+    EXPECT_EQ(HighSigned(wheel[2].wParam), 120);
+}
+
+class X11Keys : public X11Fixture {
+protected:
+    NativeWindow FocusedWindow()
+    {
+        NativeWindow window = ShowWindow(100, 100, 200, 150);
+        m_backend->SetFocus(window);
+        EXPECT_TRUE(PumpUntil([&] { return Count(window, WM_SETFOCUS) > 0; }));
+        EXPECT_EQ(m_backend->GetFocus(), window);
+        s_messages.clear();
+        return window;
+    }
+
+    std::vector<Message> Keys(NativeWindow window)
+    {
+        return Of(window, {WM_KEYDOWN, WM_KEYUP, WM_CHAR, WM_SYSKEYDOWN, WM_SYSKEYUP, WM_SYSCHAR});
+    }
+};
+
+uint32_t Bits(LParam l) { return static_cast<uint32_t>(l); }
+
+TEST_F(X11Keys, LetterGivesKeyDownCharAndKeyUpWithScanAndTransitionBits)
+{
+    NativeWindow window = FocusedWindow();
+    ASSERT_EQ(Xdo({"key", "a"}), 0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_KEYUP) == 1; }));
+    auto keys = Keys(window);
+    ASSERT_EQ(keys.size(), 3u);
+    EXPECT_EQ(keys[0].message, WM_KEYDOWN);
+    EXPECT_EQ(keys[0].wParam, WParam('A'));
+    EXPECT_EQ(Bits(keys[0].lParam), 0x001E0001u); // repeat 1, scan code 0x1E
+    EXPECT_EQ(keys[1].message, WM_CHAR);
+    EXPECT_EQ(keys[1].wParam, WParam('a'));
+    EXPECT_EQ(keys[2].message, WM_KEYUP);
+    EXPECT_EQ(keys[2].wParam, WParam('A'));
+    EXPECT_EQ(Bits(keys[2].lParam), 0xC01E0001u); // previous state and transition set
+    EXPECT_LT(keys[2].lParam, 0);
+}
+
+TEST_F(X11Keys, ShiftDigitsFunctionAndExtendedKeys)
+{
+    NativeWindow window = FocusedWindow();
+    ASSERT_EQ(Xdo({"key", "shift+a", "7", "F5", "Left", "Return", "KP_Enter"}), 0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_KEYUP) == 7; }));
+    auto downs = Of(window, {WM_KEYDOWN});
+    ASSERT_EQ(downs.size(), 7u);
+    std::vector<WParam> codes;
+    for (const Message& m : downs)
+        codes.push_back(m.wParam);
+    EXPECT_EQ(codes, (std::vector<WParam>{0x10, 'A', '7', 0x74, 0x25, 0x0D, 0x0D}));
+    EXPECT_EQ(Bits(downs[4].lParam), 0x014B0001u); // Left: scan 0x4B, extended
+    EXPECT_EQ(Bits(downs[5].lParam), 0x001C0001u); // Return: not extended
+    EXPECT_EQ(Bits(downs[6].lParam), 0x011C0001u); // keypad Enter: extended
+    std::u16string typed;
+    for (const Message& m : Of(window, {WM_CHAR}))
+        typed += static_cast<char16_t>(m.wParam);
+    EXPECT_EQ(typed, u"A7\r\r");
+}
+
+TEST_F(X11Keys, AltCombinationsAreSystemKeys)
+{
+    NativeWindow window = FocusedWindow();
+    ASSERT_EQ(Xdo({"keydown", "alt", "key", "x", "keyup", "alt", "key", "F10"}), 0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_SYSKEYUP) + Count(window, WM_KEYUP) == 3; }));
+    auto keys = Keys(window);
+    ASSERT_EQ(keys.size(), 7u);
+    EXPECT_EQ(keys[0].message, WM_SYSKEYDOWN);
+    EXPECT_EQ(keys[0].wParam, 0x12u);
+    EXPECT_EQ(Bits(keys[0].lParam) >> 29, 1u); // Alt held
+    EXPECT_EQ(keys[1].message, WM_SYSKEYDOWN);
+    EXPECT_EQ(keys[1].wParam, WParam('X'));
+    EXPECT_EQ(Bits(keys[1].lParam) >> 29, 1u);
+    EXPECT_EQ(keys[2].message, WM_SYSCHAR);
+    EXPECT_EQ(keys[2].wParam, WParam('x'));
+    EXPECT_EQ(keys[3].message, WM_SYSKEYUP);
+    EXPECT_EQ(keys[3].wParam, WParam('X'));
+    EXPECT_EQ(Bits(keys[3].lParam) >> 29, 7u); // Alt still held, key was down, released
+    EXPECT_EQ(keys[4].message, WM_SYSKEYUP);
+    EXPECT_EQ(keys[4].wParam, 0x12u);
+    EXPECT_EQ(Bits(keys[4].lParam) >> 29, 6u); // Alt's own release: no longer held
+    EXPECT_EQ(keys[5].message, WM_SYSKEYDOWN); // F10 is a system key without Alt
+    EXPECT_EQ(keys[5].wParam, 0x79u);
+    EXPECT_EQ(Bits(keys[5].lParam) >> 29, 0u);
+}
+
+} // namespace
+} // namespace vesk::test
