@@ -22,5 +22,5 @@
 #include <vesk/graphics/VirtualDevice.hpp>
 
 // Animated GIF: the reader, its LZW decoder and decoded frames.
-#include <vesk/graphics/AnimatedGif.hpp>
+#include <vesk/graphics/GifAnimation.hpp>
 #include <vesk/graphics/GifPlayer.hpp>
