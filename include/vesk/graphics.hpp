@@ -30,5 +30,5 @@
 #include <vesk/graphics/CommandIds.hpp>
 
 // Animated GIF: the reader, its LZW decoder and decoded frames.
-#include <vesk/graphics/AnimatedGif.hpp>
+#include <vesk/graphics/GifAnimation.hpp>
 #include <vesk/graphics/GifPlayer.hpp>

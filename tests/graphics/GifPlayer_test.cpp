@@ -86,7 +86,7 @@ struct Movie
     }
     test::TempDir dir;
     SteppingClock clock;
-    AnimatedGif anim;
+    GifAnimation anim;
 };
 
 // 4 x 2 screen, grey table (index i is grey i):
@@ -160,15 +160,15 @@ TEST(GifPlayer, StatesAndTheStopHandshake)
     Recorder rec(m.clock);
     {
         GifPlayer player(m.anim);
-        EXPECT_EQ(player.GetState(), AnimatedGif::STATE_IDLE);
+        EXPECT_EQ(player.GetState(), GifAnimation::STATE_IDLE);
         EXPECT_TRUE(player.Play(nullptr)); // nothing to show on: nothing happens
-        EXPECT_EQ(player.GetState(), AnimatedGif::STATE_IDLE);
+        EXPECT_EQ(player.GetState(), GifAnimation::STATE_IDLE);
         ASSERT_TRUE(player.Play(&rec));
-        EXPECT_EQ(player.GetState(), AnimatedGif::STATE_PLAYING);
+        EXPECT_EQ(player.GetState(), GifAnimation::STATE_PLAYING);
         EXPECT_FALSE(player.Play(&rec)); // the loop is running
         rec.WaitFor(2);
         player.Stop();
-        EXPECT_EQ(player.GetState(), AnimatedGif::STATE_STOPPED);
+        EXPECT_EQ(player.GetState(), GifAnimation::STATE_STOPPED);
         player.Stop(); // stopping a stopped player does nothing
         // Playing again starts from the first frame.
         const size_t before = rec.shown.size();
@@ -179,10 +179,10 @@ TEST(GifPlayer, StatesAndTheStopHandshake)
         EXPECT_EQ(rec.Shown(before), (std::vector<uint32_t>(8, 10)));
         // The destructor stops a playing player.
     }
-    AnimatedGif empty;
+    GifAnimation empty;
     GifPlayer idle(empty);
     EXPECT_TRUE(idle.Play(&rec)); // nothing loaded
-    EXPECT_EQ(idle.GetState(), AnimatedGif::STATE_IDLE);
+    EXPECT_EQ(idle.GetState(), GifAnimation::STATE_IDLE);
 }
 
 TEST(GifPlayer, NewBackgroundRestartsThePlayer)
@@ -199,7 +199,7 @@ TEST(GifPlayer, NewBackgroundRestartsThePlayer)
     rec.WaitFor(1);
     EXPECT_EQ(rec.Shown(0), (std::vector<uint32_t>{10, 10, 0x40, 0x40}));
     player.SetBackgroundTexture(Texture(TamColor(0x0000A0u)));
-    EXPECT_EQ(player.GetState(), AnimatedGif::STATE_PLAYING);
+    EXPECT_EQ(player.GetState(), GifAnimation::STATE_PLAYING);
     rec.WaitFor(rec.Count() + 1);
     player.Stop();
     EXPECT_EQ(rec.shown.back(), (std::vector<uint32_t>{10, 10, 0xA0, 0xA0}));
@@ -233,7 +233,7 @@ TEST(GifPlayer, FirstFrameLeavesItsTransparentColourOut)
     ASSERT_TRUE(opaque.DrawFirstFrame(d, TamPoint(1, 1)));
     EXPECT_EQ(test::At(s, 1, 1), 0xFF070707u);
 
-    AnimatedGif none;
+    GifAnimation none;
     GifPlayer nothing(none);
     EXPECT_FALSE(nothing.DrawFirstFrame(d, TamPoint(0, 0)));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vesk/export.hpp>
-#include <vesk/graphics/AnimatedGif.hpp>
+#include <vesk/graphics/GifAnimation.hpp>
 #include <vesk/graphics/Texture.hpp>
 #include <vesk/values/TamPoint.hpp>
 #include <vesk/values/TamSize.hpp>
@@ -24,14 +24,14 @@ public:
     virtual void Present(OutputDevice& canvas, const TamSize& size) = 0;
 };
 
-// Plays an AnimatedGif from a thread of its own: frames are composed on a canvas of the
+// Plays an GifAnimation from a thread of its own: frames are composed on a canvas of the
 // logical screen, following each frame's disposal and delay, and the canvas is handed to the
 // presenter after every frame. The animation repeats until Stop. Stopping is a handshake: the
 // requester writes STATE_STOP_REQUESTED and waits until the player writes STATE_STOPPED.
 class VESK_API GifPlayer {
 public:
     // Plays `gif` (not owned; it must outlive the player and not be loaded while it plays).
-    explicit GifPlayer(AnimatedGif& gif);
+    explicit GifPlayer(GifAnimation& gif);
     ~GifPlayer();
     GifPlayer(const GifPlayer&) = delete;
     GifPlayer& operator=(const GifPlayer&) = delete;
@@ -46,7 +46,7 @@ public:
     void SetBackgroundTexture(const Texture& texture);
     const Texture& GetBackgroundTexture() const { return m_aBackground; }
 
-    AnimatedGif::PlayerState GetState() const { return AnimatedGif::PlayerState(m_nState.load()); }
+    GifAnimation::PlayerState GetState() const { return GifAnimation::PlayerState(m_nState.load()); }
     // True while the player thread runs its loop.
     bool IsPlaying() const { return m_bPlaying.load(); }
 
@@ -59,9 +59,9 @@ private:
     void Run(GifPresenter* presenter);
     void WaitUntilLeft();
 
-    AnimatedGif& m_rGif;
+    GifAnimation& m_rGif;
     Texture m_aBackground;
-    std::atomic<int> m_nState{AnimatedGif::STATE_IDLE};
+    std::atomic<int> m_nState{GifAnimation::STATE_IDLE};
     std::atomic<bool> m_bPlaying{false};
     // Guards the canvas between the player thread and the thread that replaces it.
     std::atomic<uint32_t> m_nSpin{0};

@@ -3,7 +3,7 @@
 // Turning decoded GIF frames into pictures: opaque copies onto the player's canvas, and the
 // first frame with its transparent colour keyed out.
 
-#include <vesk/graphics/AnimatedGif.hpp>
+#include <vesk/graphics/GifAnimation.hpp>
 #include <vesk/values/TamPoint.hpp>
 
 #include <cairo.h>

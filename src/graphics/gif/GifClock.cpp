@@ -1,4 +1,4 @@
-#include <vesk/graphics/AnimatedGif.hpp>
+#include <vesk/graphics/GifAnimation.hpp>
 
 #include <chrono>
 #include <thread>
@@ -27,7 +27,7 @@ GifClock& GifClock::System()
     return clock;
 }
 
-uint64_t AnimatedGif::WaitFrameDelay(GifClock& clock, uint64_t startTicks, uint32_t delayMs, const std::atomic<int>& state)
+uint64_t GifAnimation::WaitFrameDelay(GifClock& clock, uint64_t startTicks, uint32_t delayMs, const std::atomic<int>& state)
 {
     // The first test compares the start with itself, so at least one step is always slept;
     // the coarse 100 ms steps are deliberate.

@@ -26,7 +26,7 @@ bool RestoresArea(uint8_t disposal)
 
 } // namespace
 
-GifPlayer::GifPlayer(AnimatedGif& gif)
+GifPlayer::GifPlayer(GifAnimation& gif)
     : m_rGif(gif), m_aBackground(TamColor(static_cast<ColorName>(kButtonFace)))
 {
 }
@@ -41,13 +41,13 @@ bool GifPlayer::Play(GifPresenter* presenter)
 {
     if (m_bPlaying.load())
         return false;
-    if (!m_rGif.IsLoaded() || !presenter || m_nState.load() == AnimatedGif::STATE_PLAYING)
+    if (!m_rGif.IsLoaded() || !presenter || m_nState.load() == GifAnimation::STATE_PLAYING)
         return true;
     if (m_aThread.joinable())
         m_aThread.join(); // a player that has left its loop
     m_rGif.Rewind();
     m_pPresenter = presenter;
-    m_nState.store(AnimatedGif::STATE_PLAYING);
+    m_nState.store(GifAnimation::STATE_PLAYING);
     m_bPlaying.store(true);
     m_aThread = std::thread([this, presenter] { Run(presenter); });
     return true;
@@ -55,9 +55,9 @@ bool GifPlayer::Play(GifPresenter* presenter)
 
 void GifPlayer::Stop()
 {
-    int playing = AnimatedGif::STATE_PLAYING;
-    if (m_nState.compare_exchange_strong(playing, AnimatedGif::STATE_STOP_REQUESTED))
-        while (m_nState.load() != AnimatedGif::STATE_STOPPED)
+    int playing = GifAnimation::STATE_PLAYING;
+    if (m_nState.compare_exchange_strong(playing, GifAnimation::STATE_STOP_REQUESTED))
+        while (m_nState.load() != GifAnimation::STATE_STOPPED)
             std::this_thread::yield();
 }
 
@@ -71,7 +71,7 @@ void GifPlayer::WaitUntilLeft()
 
 void GifPlayer::SetBackgroundTexture(const Texture& texture)
 {
-    const bool wasPlaying = m_nState.load() == AnimatedGif::STATE_PLAYING;
+    const bool wasPlaying = m_nState.load() == GifAnimation::STATE_PLAYING;
     GifPresenter* presenter = m_pPresenter;
     Stop();
     WaitUntilLeft();
@@ -97,7 +97,7 @@ void GifPlayer::Run(GifPresenter* presenter)
     TamPoint previousAt;
     std::unique_ptr<VirtualDevice> saved;
     GifClock& clock = m_rGif.GetClock();
-    while (m_nState.load() != AnimatedGif::STATE_STOP_REQUESTED) {
+    while (m_nState.load() != GifAnimation::STATE_STOP_REQUESTED) {
         const uint64_t ticks = clock.GetTicks();
         {
             SpinGuard guard(m_nSpin);
@@ -120,9 +120,9 @@ void GifPlayer::Run(GifPresenter* presenter)
             if (m_pCanvas)
                 presenter->Present(*m_pCanvas, screen);
         }
-        AnimatedGif::WaitFrameDelay(clock, ticks, m_rGif.GetFrameDelayMs(), m_nState);
+        GifAnimation::WaitFrameDelay(clock, ticks, m_rGif.GetFrameDelayMs(), m_nState);
     }
-    m_nState.store(AnimatedGif::STATE_STOPPED);
+    m_nState.store(GifAnimation::STATE_STOPPED);
     m_bPlaying.store(false); // the last touch of this object by the player thread
 }
 

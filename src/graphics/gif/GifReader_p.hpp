@@ -1,7 +1,7 @@
 #pragma once
 
-// The GIF reader behind AnimatedGif: header and global table, the block walk and the frames.
-#include <vesk/graphics/AnimatedGif.hpp>
+// The GIF reader behind GifAnimation: header and global table, the block walk and the frames.
+#include <vesk/graphics/GifAnimation.hpp>
 
 #include "graphics/gif/GifLzw_p.hpp"
 

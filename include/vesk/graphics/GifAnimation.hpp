@@ -63,12 +63,12 @@ public:
 // An animated GIF (87a or 89a) read by the library's own reader and LZW decoder. The whole file
 // is held in memory; frames are decoded one at a time on demand, with the values of the
 // graphic control extension met before each frame.
-class VESK_API AnimatedGif {
+class VESK_API GifAnimation {
 public:
-    AnimatedGif();
-    virtual ~AnimatedGif();
-    AnimatedGif(const AnimatedGif&) = delete;
-    AnimatedGif& operator=(const AnimatedGif&) = delete;
+    GifAnimation();
+    virtual ~GifAnimation();
+    GifAnimation(const GifAnimation&) = delete;
+    GifAnimation& operator=(const GifAnimation&) = delete;
 
     // Reads the file of the entry with its extension changed to "anm" (where animations are
     // kept, whatever the entry's extension). 1 on success; 0 when the file cannot be read, its

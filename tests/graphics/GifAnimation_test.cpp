@@ -38,7 +38,7 @@ bool Open(GifReader& reader, const Bytes& gif)
     return reader.Open(gif.data(), gif.size());
 }
 
-TEST(AnimatedGif, LoadReadsTheAnmFileWhateverTheExtension)
+TEST(GifAnimation, LoadReadsTheAnmFileWhateverTheExtension)
 {
     test::TempDir dir;
     Bytes gif = gif_builder::Header(4, 2);
@@ -47,7 +47,7 @@ TEST(AnimatedGif, LoadReadsTheAnmFileWhateverTheExtension)
     std::ofstream(dir.File("movie.anm"), std::ios::binary).write(reinterpret_cast<const char*>(gif.data()), static_cast<std::streamsize>(gif.size()));
     std::ofstream(dir.File("other.gif"), std::ios::binary).write(reinterpret_cast<const char*>(gif.data()), static_cast<std::streamsize>(gif.size()));
 
-    AnimatedGif anim;
+    GifAnimation anim;
     EXPECT_FALSE(anim.IsLoaded());
     EXPECT_EQ(anim.Load(DirEntry(SString(dir.File("movie.gif").c_str()))), 1);
     EXPECT_TRUE(anim.IsLoaded());
@@ -60,7 +60,7 @@ TEST(AnimatedGif, LoadReadsTheAnmFileWhateverTheExtension)
     EXPECT_TRUE(anim.FirstImage().IsEmpty());
 }
 
-TEST(AnimatedGif, HeaderAndGlobalTableChecks)
+TEST(GifAnimation, HeaderAndGlobalTableChecks)
 {
     Bytes good = gif_builder::Header(1, 1, 2);
     good.push_back(0x3B);
@@ -82,7 +82,7 @@ TEST(AnimatedGif, HeaderAndGlobalTableChecks)
     EXPECT_EQ(reader.m_nGlobalColors, 0u);
 }
 
-TEST(AnimatedGif, BlockWalkSkipsEveryExtensionKindAndTakesTheLastControl)
+TEST(GifAnimation, BlockWalkSkipsEveryExtensionKindAndTakesTheLastControl)
 {
     Bytes gif = gif_builder::Header(2, 2);
     gif.insert(gif.end(), {0x21, 0x01, 12, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 3, 'a', 'b', 'c', 0});
@@ -106,7 +106,7 @@ TEST(AnimatedGif, BlockWalkSkipsEveryExtensionKindAndTakesTheLastControl)
     EXPECT_EQ(reader.m_nTransparentColor, 1u | 2u << 8 | 3u << 16);
 }
 
-TEST(AnimatedGif, WalkStopsAtUnknownBlocksAndChainsPastTheEnd)
+TEST(GifAnimation, WalkStopsAtUnknownBlocksAndChainsPastTheEnd)
 {
     const Bytes head = gif_builder::Header(2, 2);
     const std::vector<Bytes> stops = {
@@ -127,7 +127,7 @@ TEST(AnimatedGif, WalkStopsAtUnknownBlocksAndChainsPastTheEnd)
     }
 }
 
-TEST(AnimatedGif, FramesWrapAtTheTrailer)
+TEST(GifAnimation, FramesWrapAtTheTrailer)
 {
     Bytes gif = gif_builder::Header(3, 1);
     for (uint8_t i = 0; i < 3; ++i)
@@ -140,7 +140,7 @@ TEST(AnimatedGif, FramesWrapAtTheTrailer)
     EXPECT_EQ(Row(reader.FirstImage(), 0)[0], 0);
 }
 
-TEST(AnimatedGif, ReadPositionAfterTheEndCodeIsOneBytePastTheLastCodeByte)
+TEST(GifAnimation, ReadPositionAfterTheEndCodeIsOneBytePastTheLastCodeByte)
 {
     // The end code closes the first sub-block; a second sub-block follows. Skipping one byte as
     // the terminator lands on its data, the trailer byte, which rewinds to the first frame.
@@ -157,7 +157,7 @@ TEST(AnimatedGif, ReadPositionAfterTheEndCodeIsOneBytePastTheLastCodeByte)
     EXPECT_EQ(Row(reader.NextImage(), 0)[0], 5);
 }
 
-TEST(AnimatedGif, FrameBufferLayoutAndPadding)
+TEST(GifAnimation, FrameBufferLayoutAndPadding)
 {
     Bytes gif = gif_builder::Header(8, 8, 0);
     // A local table of 4 colours, a 5 x 3 frame at (2, 1): rows of stride 8.
@@ -191,7 +191,7 @@ TEST(AnimatedGif, FrameBufferLayoutAndPadding)
     }
 }
 
-TEST(AnimatedGif, InterlacedRowsArriveInPassOrder)
+TEST(GifAnimation, InterlacedRowsArriveInPassOrder)
 {
     // Data row i is filled with i; ten rows are stored in the order 0, 8, 4, 2, 6, 1, 3, 5, 7, 9.
     Bytes pixels;
@@ -208,7 +208,7 @@ TEST(AnimatedGif, InterlacedRowsArriveInPassOrder)
         EXPECT_EQ(Row(f, order[i]), Bytes(3, i)) << int(i);
 }
 
-TEST(AnimatedGif, OversizeAndUndecodableFramesAreSkipped)
+TEST(GifAnimation, OversizeAndUndecodableFramesAreSkipped)
 {
     Bytes gif = gif_builder::Header(4, 4);
     // 65535 x 65535 would need 4 GiB; a minimum code size of 12 cannot be decoded.
@@ -223,11 +223,11 @@ TEST(AnimatedGif, OversizeAndUndecodableFramesAreSkipped)
     EXPECT_TRUE(reader.NextImage().IsEmpty());
     EXPECT_EQ(Row(reader.NextImage(), 0), (std::vector<uint8_t>{9, 10}));
 
-    AnimatedGif anim;
+    GifAnimation anim;
     EXPECT_TRUE(anim.IsScreenDrawable());
 }
 
-TEST(AnimatedGif, DamagedDataEndsTheFrameWithZeros)
+TEST(GifAnimation, DamagedDataEndsTheFrameWithZeros)
 {
     // No end code before the terminator: the frame keeps what came, the walk goes on.
     Bytes gif = gif_builder::Header(4, 1);
@@ -257,16 +257,16 @@ public:
     int sleeps = 0;
 };
 
-TEST(AnimatedGif, DelaysAreWaitedInSteps100Ms)
+TEST(GifAnimation, DelaysAreWaitedInSteps100Ms)
 {
-    std::atomic<int> state{AnimatedGif::STATE_PLAYING};
+    std::atomic<int> state{GifAnimation::STATE_PLAYING};
     FakeClock clock;
     const std::pair<uint32_t, uint64_t> cases[] = {{30, 100}, {50, 100}, {100, 100}, {150, 200}, {1000, 1000}};
     for (const auto& [delay, waited] : cases)
-        EXPECT_EQ(AnimatedGif::WaitFrameDelay(clock, clock.now, delay, state), waited) << delay;
-    state = AnimatedGif::STATE_STOP_REQUESTED;
+        EXPECT_EQ(GifAnimation::WaitFrameDelay(clock, clock.now, delay, state), waited) << delay;
+    state = GifAnimation::STATE_STOP_REQUESTED;
     clock.sleeps = 0;
-    EXPECT_EQ(AnimatedGif::WaitFrameDelay(clock, clock.now, 500, state), 0u);
+    EXPECT_EQ(GifAnimation::WaitFrameDelay(clock, clock.now, 500, state), 0u);
     EXPECT_EQ(clock.sleeps, 0);
 
     // Frame delays in hundredths; 0 takes the default of 50 ms.
@@ -278,7 +278,7 @@ TEST(AnimatedGif, DelaysAreWaitedInSteps100Ms)
     gif.push_back(0x3B);
     test::TempDir dir;
     std::ofstream(dir.File("d.anm"), std::ios::binary).write(reinterpret_cast<const char*>(gif.data()), static_cast<std::streamsize>(gif.size()));
-    AnimatedGif anim;
+    GifAnimation anim;
     anim.SetClock(&clock);
     EXPECT_EQ(&anim.GetClock(), &clock);
     ASSERT_EQ(anim.Load(DirEntry(SString(dir.File("d").c_str()))), 1);
