@@ -29,6 +29,7 @@ bool DecodePng(std::span<const uint8_t> data, PixelImage& image)
         png_image_free(&png);
         return false;
     }
+    const bool hasAlpha = (png.format & PNG_FORMAT_FLAG_ALPHA) != 0;
     png.format = PNG_FORMAT_BGRA;
     image.pixels.resize(size_t(png.width) * png.height);
     if (!png_image_finish_read(&png, nullptr, image.pixels.data(), 0, nullptr)) {
@@ -38,8 +39,9 @@ bool DecodePng(std::span<const uint8_t> data, PixelImage& image)
     }
     image.width = int32_t(png.width);
     image.height = int32_t(png.height);
-    for (uint32_t& p : image.pixels)
-        p = PremultipliedPixel(p);
+    if (hasAlpha) // without an alpha channel every pixel comes out opaque already
+        for (uint32_t& p : image.pixels)
+            p = PremultipliedPixel(p);
     return true;
 }
 

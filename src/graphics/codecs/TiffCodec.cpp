@@ -118,7 +118,7 @@ bool DecodeTiff(std::span<const uint8_t> data, PixelImage& image)
               TIFFGetField(tif, TIFFTAG_IMAGELENGTH, &height) == 1 && IsAcceptableImageSize(width, height);
     if (ok) {
         image.pixels.resize(size_t(width) * height);
-        ok = TIFFReadRGBAImageOriented(tif, width, height, image.pixels.data(), ORIENTATION_TOPLEFT, 0) == 1;
+        ok = TIFFReadRGBAImageOriented(tif, width, height, image.pixels.data(), ORIENTATION_TOPLEFT, 1) == 1;
     }
     TIFFClose(tif);
     if (!ok) {
