@@ -157,6 +157,10 @@ protected:
         return true;
     }
 
+    // A round trip on the backend's connection: the server has carried out all it asked for,
+    // so another client sees the result.
+    void SyncBackend() { m_backend->GetFocus(); }
+
     int Xdo(std::vector<std::string> args)
     {
         args.insert(args.begin(), "xdotool");

@@ -68,6 +68,7 @@ TEST_F(X11Windows, TitlesProtocolsAndWindowKindsAreProperties)
     EXPECT_EQ(probe.Text(window, "_NET_WM_NAME"), "Grüße");
     EXPECT_EQ(probe.Text(window, "WM_NAME"), "Grüße");
     m_backend->SetTitle(window, "Second");
+    SyncBackend();
     EXPECT_EQ(probe.Text(window, "_NET_WM_NAME"), "Second");
     EXPECT_EQ(probe.Text(window, "WM_NAME"), "Second");
     auto protocols = probe.Words(window, "WM_PROTOCOLS");
@@ -109,6 +110,7 @@ TEST_F(X11Windows, MaximiseAndMinimiseWithoutAWindowManager)
     const uint32_t hidden = probe.Atom("_NET_WM_STATE_HIDDEN");
 
     m_backend->Show(window, ShowCommand::Maximised);
+    SyncBackend();
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Maximised);
     EXPECT_EQ(probe.Words(window, "_NET_WM_STATE"), (std::vector<uint32_t>{vertical, horizontal}));
     ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_SIZE) == 1; }));
@@ -120,11 +122,13 @@ TEST_F(X11Windows, MaximiseAndMinimiseWithoutAWindowManager)
     EXPECT_EQ(box.right, 1280);
 
     m_backend->Show(window, ShowCommand::Minimised);
+    SyncBackend();
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Minimised);
     EXPECT_EQ(probe.Words(window, "_NET_WM_STATE"), std::vector<uint32_t>{hidden});
     EXPECT_FALSE(probe.IsMapped(window));
 
     m_backend->Show(window, ShowCommand::Normal);
+    SyncBackend();
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Normal);
     EXPECT_TRUE(probe.Words(window, "_NET_WM_STATE").empty());
     EXPECT_TRUE(probe.IsMapped(window));
@@ -135,6 +139,7 @@ TEST_F(X11Windows, MaximiseAndMinimiseWithoutAWindowManager)
     EXPECT_EQ(box.bottom, 160);
 
     m_backend->Show(window, ShowCommand::Hide);
+    SyncBackend();
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Hide);
     EXPECT_FALSE(probe.IsMapped(window));
 }
