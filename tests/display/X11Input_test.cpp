@@ -129,6 +129,20 @@ TEST_F(X11Keys, LetterGivesKeyDownCharAndKeyUpWithScanAndTransitionBits)
     EXPECT_LT(keys[2].lParam, 0);
 }
 
+TEST_F(X11Keys, HeldKeyRepeatsWithThePreviousStateBit)
+{
+    NativeWindow window = FocusedWindow();
+    ASSERT_EQ(Xdo({"keydown", "b", "sleep", "1.5", "keyup", "b"}), 0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_KEYUP) == 1; }));
+    auto downs = Of(window, {WM_KEYDOWN});
+    ASSERT_GE(downs.size(), 2u) << "the server did not repeat the key";
+    EXPECT_EQ(Bits(downs[0].lParam), 0x00300001u); // scan code 0x30, first press
+    for (size_t i = 1; i < downs.size(); ++i)
+        EXPECT_EQ(Bits(downs[i].lParam), 0x40300001u); // repeats: the key was down
+    EXPECT_EQ(Count(window, WM_CHAR), downs.size());
+    EXPECT_EQ(Of(window, {WM_KEYDOWN, WM_KEYUP}).back().message, WM_KEYUP); // one release, at the end
+}
+
 TEST_F(X11Keys, ShiftDigitsFunctionAndExtendedKeys)
 {
     NativeWindow window = FocusedWindow();

@@ -91,6 +91,14 @@ bool X11Backend::DispatchEvents()
         events.swap(m_queue);
     }
     for (size_t i = 0; i < events.size(); ++i) {
+        // A release that ends the batch may be half of an auto-repeat whose press is still
+        // unread.
+        if (i + 1 == events.size() && (events[i]->response_type & 0x7F) == XCB_KEY_RELEASE) {
+            PullEvents();
+            std::lock_guard lock(m_queueMutex);
+            events.insert(events.end(), m_queue.begin(), m_queue.end());
+            m_queue.clear();
+        }
         const xcb_generic_event_t* next = i + 1 < events.size() ? events[i + 1] : nullptr;
         if (Translate(events[i], next))
             ++i;
