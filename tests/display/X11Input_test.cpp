@@ -35,6 +35,20 @@ TEST_F(X11Input, ClickAndDoubleClickArriveInClientCoordinates)
         EXPECT_EQ(Y(m.lParam), 40);
     }
 
+    // Buttons and keys held during a click are in its key state.
+    s_messages.clear();
+    ASSERT_EQ(Xdo({"keydown", "ctrl", "mousedown", "3", "mousedown", "2", "click", "1", "mouseup", "2", "mouseup",
+                   "3", "keyup", "ctrl"}),
+              0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_RBUTTONUP) == 1; }));
+    auto held = Of(window, {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_MBUTTONUP, WM_RBUTTONUP});
+    ASSERT_EQ(held.size(), 4u);
+    EXPECT_EQ(held[0].wParam, MK_LBUTTON | MK_RBUTTON | MK_MBUTTON | MK_CONTROL);
+    EXPECT_EQ(held[1].wParam, MK_RBUTTON | MK_MBUTTON | MK_CONTROL);
+    EXPECT_EQ(held[2].message, WM_MBUTTONUP);
+    EXPECT_EQ(held[2].wParam, MK_RBUTTON | MK_CONTROL);
+    EXPECT_EQ(held[3].wParam, MK_CONTROL);
+
     s_messages.clear();
     ASSERT_EQ(Xdo({"click", "--repeat", "3", "--delay", "40", "1"}), 0);
     ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_LBUTTONUP) == 3; }));
