@@ -50,7 +50,8 @@ TEST_F(X11Input, ClickAndDoubleClickArriveInClientCoordinates)
     EXPECT_EQ(held[3].wParam, MK_CONTROL);
 
     s_messages.clear();
-    ASSERT_EQ(Xdo({"click", "--repeat", "3", "--delay", "40", "1"}), 0);
+    // Long enough after the last click for a new sequence to start.
+    ASSERT_EQ(Xdo({"sleep", "0.6", "click", "--repeat", "3", "--delay", "40", "1"}), 0);
     ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_LBUTTONUP) == 3; }));
     auto clicks = Of(window, {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK});
     ASSERT_EQ(clicks.size(), 3u);
