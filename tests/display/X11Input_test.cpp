@@ -86,13 +86,21 @@ TEST_F(X11Input, DragKeepsReportingToTheWindowBeyondItsEdges)
     EXPECT_TRUE(sawInside);
 }
 
-TEST_F(X11Input, WheelNotchesCarryDeltaKeysAndScreenCoordinates)
+TEST_F(X11Input, WheelNotchesAndSideButtons)
 {
     NativeWindow window = ShowWindow(100, 100, 200, 150);
     ASSERT_EQ(Xdo({"mousemove", "--sync", "160", "170", "click", "4", "keydown", "shift", "click", "5", "keyup",
                    "shift", "click", "7"}),
               0);
     ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_MOUSEHWHEEL) == 1; }));
+    ASSERT_EQ(Xdo({"click", "8", "mousedown", "9"}), 0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_XBUTTONDOWN) == 2; }));
+    Xdo({"mouseup", "9"});
+    auto side = Of(window, {WM_XBUTTONDOWN, WM_XBUTTONUP});
+    ASSERT_EQ(side.size(), 3u);
+    EXPECT_EQ(side[0].wParam, MakeWParam(MK_XBUTTON1, 1)); // which side button in the high word
+    EXPECT_EQ(side[1].wParam, MakeWParam(0, 1));
+    EXPECT_EQ(side[2].wParam, MakeWParam(MK_XBUTTON2, 2));
     auto wheel = Of(window, {WM_MOUSEWHEEL, WM_MOUSEHWHEEL});
     ASSERT_EQ(wheel.size(), 3u);
     EXPECT_EQ(wheel[0].message, WM_MOUSEWHEEL);
