@@ -50,12 +50,14 @@ protected:
             if (WaitForBox(probe, "Question", &geometry) == XCB_NONE)
                 return;
             answer(geometry);
-            // A box the answer did not close would hold the test forever: Enter closes any box
-            // (with a result the test does not expect).
+            // A box the answer did not close would hold the test forever: it fails, and Enter
+            // closes the box.
             for (int tries = 0; tries < 500 && RootChildren() > expectedWindows; ++tries)
                 std::this_thread::sleep_for(std::chrono::milliseconds(10));
-            if (RootChildren() > expectedWindows)
+            if (RootChildren() > expectedWindows) {
+                ADD_FAILURE() << "the answer did not close the box";
                 Xdo({"key", "Return"});
+            }
         });
         int result = m_backend->MessageBox(owner, "Save the changes to the document before closing?", "Question", type);
         user.join();

@@ -130,10 +130,15 @@ TEST_F(X11Paint, ScreenshotEqualsTheSceneInAnImageSurface)
     EXPECT_EQ(m_dirty[1].right, 50);
     EXPECT_EQ(m_dirty[1].bottom, 45);
 
-    // Hidden and shown again, the window shows what it showed, though its handler paints
-    // nothing any more.
+    // Hidden, the window gets no paint; shown again, it shows what it showed, though its
+    // handler paints nothing any more.
     PaintWith(window, [](cairo_t*) { });
     m_backend->Show(window, ShowCommand::Hide);
+    NativeWindow other = ShowWindow(300, 30, 40, 40);
+    m_backend->Invalidate(window, nullptr);
+    m_backend->Invalidate(other, nullptr);
+    ASSERT_TRUE(PumpUntil([&] { return Count(other, WM_PAINT) == 2; }));
+    EXPECT_EQ(m_dirty.size(), 2u);
     m_backend->Show(window, ShowCommand::Normal);
     ASSERT_TRUE(PumpUntil([&] { return m_dirty.size() == 3; }));
     shown = m_backend->Snapshot(window);

@@ -16,7 +16,7 @@ namespace vesk::test {
 
 namespace {
 
-// Starts a program with the given environment and standard error sent to /dev/null; -1 on failure.
+// Starts a program with the given environment and its output sent to /dev/null; -1 on failure.
 pid_t Spawn(const std::vector<std::string>& args, char** env, int keepFd = -1)
 {
     std::vector<char*> argv;
@@ -25,6 +25,7 @@ pid_t Spawn(const std::vector<std::string>& args, char** env, int keepFd = -1)
     argv.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
     if (keepFd >= 0) // the descriptor stays open in the child without its close-on-exec flag
         posix_spawn_file_actions_adddup2(&actions, keepFd, keepFd);
