@@ -130,6 +130,21 @@ protected:
     {
         return Of(window, {WM_KEYDOWN, WM_KEYUP, WM_CHAR, WM_SYSKEYDOWN, WM_SYSKEYUP, WM_SYSCHAR});
     }
+
+    struct Key
+    {
+        uint32_t message;
+        WParam code;
+        uint32_t bits; // lParam's 32 bits
+        bool operator==(const Key&) const = default;
+    };
+    std::vector<Key> Summary(NativeWindow window)
+    {
+        std::vector<Key> keys;
+        for (const Message& m : Keys(window))
+            keys.push_back({m.message, m.wParam, static_cast<uint32_t>(m.lParam)});
+        return keys;
+    }
 };
 
 uint32_t Bits(LParam l) { return static_cast<uint32_t>(l); }
@@ -139,17 +154,10 @@ TEST_F(X11Keys, LetterGivesKeyDownCharAndKeyUpWithScanAndTransitionBits)
     NativeWindow window = FocusedWindow();
     ASSERT_EQ(Xdo({"key", "a"}), 0);
     ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_KEYUP) == 1; }));
-    auto keys = Keys(window);
-    ASSERT_EQ(keys.size(), 3u);
-    EXPECT_EQ(keys[0].message, WM_KEYDOWN);
-    EXPECT_EQ(keys[0].wParam, WParam('A'));
-    EXPECT_EQ(Bits(keys[0].lParam), 0x001E0001u); // repeat 1, scan code 0x1E
-    EXPECT_EQ(keys[1].message, WM_CHAR);
-    EXPECT_EQ(keys[1].wParam, WParam('a'));
-    EXPECT_EQ(keys[2].message, WM_KEYUP);
-    EXPECT_EQ(keys[2].wParam, WParam('A'));
-    EXPECT_EQ(Bits(keys[2].lParam), 0xC01E0001u); // previous state and transition set
-    EXPECT_LT(keys[2].lParam, 0);
+    // Repeat count 1 and scan code 0x1E; the release has the previous-state and transition bits.
+    EXPECT_EQ(Summary(window), (std::vector<Key>{{WM_KEYDOWN, 'A', 0x001E0001u}, {WM_CHAR, 'a', 0x001E0001u},
+                                                 {WM_KEYUP, 'A', 0xC01E0001u}}));
+    EXPECT_LT(Keys(window).back().lParam, 0); // the packed word sign-extends
 }
 
 TEST_F(X11Keys, HeldKeyRepeatsWithThePreviousStateBit)
@@ -191,25 +199,14 @@ TEST_F(X11Keys, AltCombinationsAreSystemKeys)
     NativeWindow window = FocusedWindow();
     ASSERT_EQ(Xdo({"keydown", "alt", "key", "x", "keyup", "alt", "key", "F10"}), 0);
     ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_SYSKEYUP) + Count(window, WM_KEYUP) == 3; }));
-    auto keys = Keys(window);
-    ASSERT_EQ(keys.size(), 7u);
-    EXPECT_EQ(keys[0].message, WM_SYSKEYDOWN);
-    EXPECT_EQ(keys[0].wParam, 0x12u);
-    EXPECT_EQ(Bits(keys[0].lParam) >> 29, 1u); // Alt held
-    EXPECT_EQ(keys[1].message, WM_SYSKEYDOWN);
-    EXPECT_EQ(keys[1].wParam, WParam('X'));
-    EXPECT_EQ(Bits(keys[1].lParam) >> 29, 1u);
-    EXPECT_EQ(keys[2].message, WM_SYSCHAR);
-    EXPECT_EQ(keys[2].wParam, WParam('x'));
-    EXPECT_EQ(keys[3].message, WM_SYSKEYUP);
-    EXPECT_EQ(keys[3].wParam, WParam('X'));
-    EXPECT_EQ(Bits(keys[3].lParam) >> 29, 7u); // Alt still held, key was down, released
-    EXPECT_EQ(keys[4].message, WM_SYSKEYUP);
-    EXPECT_EQ(keys[4].wParam, 0x12u);
-    EXPECT_EQ(Bits(keys[4].lParam) >> 29, 6u); // Alt's own release: no longer held
-    EXPECT_EQ(keys[5].message, WM_SYSKEYDOWN); // F10 is a system key without Alt
-    EXPECT_EQ(keys[5].wParam, 0x79u);
-    EXPECT_EQ(Bits(keys[5].lParam) >> 29, 0u);
+    // Bits 29-31 of lParam: Alt held, previous state, transition. Alt's own release no longer
+    // counts as Alt held; F10 is a system key without Alt.
+    std::vector<Key> top;
+    for (const Key& key : Summary(window))
+        top.push_back({key.message, key.code, key.bits >> 29});
+    EXPECT_EQ(top, (std::vector<Key>{{WM_SYSKEYDOWN, 0x12, 1}, {WM_SYSKEYDOWN, 'X', 1}, {WM_SYSCHAR, 'x', 1},
+                                     {WM_SYSKEYUP, 'X', 7}, {WM_SYSKEYUP, 0x12, 6}, {WM_SYSKEYDOWN, 0x79, 0},
+                                     {WM_SYSKEYUP, 0x79, 6}}));
 }
 
 } // namespace

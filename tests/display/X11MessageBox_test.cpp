@@ -102,14 +102,5 @@ TEST_F(X11MessageBox, MouseAnswersWhileTheOwnerTakesNoInputButPaints)
     EXPECT_EQ(Count(owner, WM_PAINT), 1u);
 }
 
-TEST(X11MessageBoxLayout, ButtonsByType)
-{
-    EXPECT_EQ(x11::DialogButtons(MB_OK), std::vector<int>{IDOK});
-    EXPECT_EQ(x11::DialogButtons(MB_RETRYCANCEL), (std::vector<int>{IDRETRY, IDCANCEL}));
-    EXPECT_EQ(x11::DialogButtons(MB_CANCELTRYCONTINUE), (std::vector<int>{IDCANCEL, IDTRYAGAIN, IDCONTINUE}));
-    EXPECT_EQ(x11::DialogButtons(0x30 | MB_YESNO), (std::vector<int>{IDYES, IDNO})); // icon bits do not count
-    EXPECT_EQ(x11::DialogButtons(0xE), std::vector<int>{IDOK});
-}
-
 } // namespace
 } // namespace vesk::test

@@ -200,7 +200,7 @@ bool X11Backend::Translate(const xcb_generic_event_t* event, const xcb_generic_e
 
 void X11Backend::OnKey(const xcb_key_press_event_t& event, bool pressed)
 {
-    if (!m_keymap || !Find(event.event))
+    if (!m_keymap)
         return;
     m_keymap->SetState(event.state);
     uint16_t vk = m_keymap->VirtualKey(event.detail);
@@ -228,8 +228,6 @@ void X11Backend::OnKey(const xcb_key_press_event_t& event, bool pressed)
 
 void X11Backend::OnButton(const xcb_button_press_event_t& event, bool pressed)
 {
-    if (!Find(event.event))
-        return;
     uint32_t keys = MouseKeyState(event.state);
     if (event.detail >= 4 && event.detail <= 7) {
         // Wheel notches come as presses of buttons 4 (up), 5 (down), 6 (left) and 7 (right);
