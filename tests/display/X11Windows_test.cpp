@@ -234,6 +234,34 @@ TEST_F(X11Windows, CaptureTakesThePointerFromOtherWindows)
     EXPECT_EQ(Of(second, {WM_LBUTTONDOWN})[0].lParam, MakeLParam(50, 50));
 }
 
+TEST_F(X11Windows, KeyboardFocusIsSetNotFollowedByThePointer)
+{
+    NativeWindow first = ShowWindow(100, 100, 100, 100);
+    NativeWindow second = ShowWindow(300, 100, 100, 100);
+    m_backend->SetFocus(first);
+    ASSERT_TRUE(PumpUntil([&] { return Count(first, WM_SETFOCUS) == 1; }));
+    EXPECT_EQ(m_backend->GetFocus(), first);
+    m_backend->SetFocus(second);
+    ASSERT_TRUE(PumpUntil([&] { return Count(second, WM_SETFOCUS) == 1; }));
+    EXPECT_EQ(Count(first, WM_KILLFOCUS), 1u);
+
+    // Focus that follows the pointer is the keys' route, not keyboard focus moving: the
+    // window under the pointer gets no WM_SETFOCUS.
+    ASSERT_EQ(Xdo({"mousemove", "--sync", "150", "150"}), 0);
+    XProbe probe(s_server->Display());
+    xcb_set_input_focus(probe.Xcb(), XCB_INPUT_FOCUS_POINTER_ROOT, XCB_INPUT_FOCUS_POINTER_ROOT, XCB_CURRENT_TIME);
+    probe.Sync();
+    // A move after the change marks the end of the events it caused.
+    ASSERT_EQ(Xdo({"mousemove", "--sync", "151", "151"}), 0);
+    ASSERT_TRUE(PumpUntil([&] {
+        auto moves = Of(first, {WM_MOUSEMOVE});
+        return !moves.empty() && moves.back().lParam == MakeLParam(51, 51);
+    }));
+    EXPECT_EQ(Count(second, WM_KILLFOCUS), 1u);
+    EXPECT_EQ(Count(first, WM_SETFOCUS), 1u);
+    EXPECT_EQ(m_backend->GetFocus(), nullptr);
+}
+
 TEST_F(X11Windows, ScreenSizeAndResolution)
 {
     std::vector<ScreenInfo> screens = m_backend->GetScreens();
