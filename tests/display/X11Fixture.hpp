@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
 
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
@@ -26,6 +27,10 @@ struct Message
     WParam wParam;
     LParam lParam;
 };
+
+// A box's edges, comparable in one expectation.
+using Edges = std::array<int32_t, 4>;
+inline Edges EdgesOf(const display::WindowBox& box) { return {box.left, box.top, box.right, box.bottom}; }
 
 // A second client of the server, looking at the backend's windows as a window manager would.
 class XProbe {
@@ -156,6 +161,10 @@ protected:
         }
         return true;
     }
+
+    // A round trip on the backend's connection: the server has carried out all it asked for,
+    // so another client sees the result.
+    void SyncBackend() { m_backend->GetFocus(); }
 
     int Xdo(std::vector<std::string> args)
     {

@@ -35,8 +35,23 @@ TEST_F(X11Input, ClickAndDoubleClickArriveInClientCoordinates)
         EXPECT_EQ(Y(m.lParam), 40);
     }
 
+    // Buttons and keys held during a click are in its key state.
     s_messages.clear();
-    ASSERT_EQ(Xdo({"click", "--repeat", "3", "--delay", "40", "1"}), 0);
+    ASSERT_EQ(Xdo({"keydown", "ctrl", "mousedown", "3", "mousedown", "2", "click", "1", "mouseup", "2", "mouseup",
+                   "3", "keyup", "ctrl"}),
+              0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_RBUTTONUP) == 1; }));
+    auto held = Of(window, {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_MBUTTONUP, WM_RBUTTONUP});
+    ASSERT_EQ(held.size(), 4u);
+    EXPECT_EQ(held[0].wParam, MK_LBUTTON | MK_RBUTTON | MK_MBUTTON | MK_CONTROL);
+    EXPECT_EQ(held[1].wParam, MK_RBUTTON | MK_MBUTTON | MK_CONTROL);
+    EXPECT_EQ(held[2].message, WM_MBUTTONUP);
+    EXPECT_EQ(held[2].wParam, MK_RBUTTON | MK_CONTROL);
+    EXPECT_EQ(held[3].wParam, MK_CONTROL);
+
+    s_messages.clear();
+    // Long enough after the last click for a new sequence to start.
+    ASSERT_EQ(Xdo({"sleep", "0.6", "click", "--repeat", "3", "--delay", "40", "1"}), 0);
     ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_LBUTTONUP) == 3; }));
     auto clicks = Of(window, {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK});
     ASSERT_EQ(clicks.size(), 3u);
@@ -71,13 +86,21 @@ TEST_F(X11Input, DragKeepsReportingToTheWindowBeyondItsEdges)
     EXPECT_TRUE(sawInside);
 }
 
-TEST_F(X11Input, WheelNotchesCarryDeltaKeysAndScreenCoordinates)
+TEST_F(X11Input, WheelNotchesAndSideButtons)
 {
     NativeWindow window = ShowWindow(100, 100, 200, 150);
     ASSERT_EQ(Xdo({"mousemove", "--sync", "160", "170", "click", "4", "keydown", "shift", "click", "5", "keyup",
                    "shift", "click", "7"}),
               0);
     ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_MOUSEHWHEEL) == 1; }));
+    ASSERT_EQ(Xdo({"click", "8", "mousedown", "9"}), 0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_XBUTTONDOWN) == 2; }));
+    Xdo({"mouseup", "9"});
+    auto side = Of(window, {WM_XBUTTONDOWN, WM_XBUTTONUP});
+    ASSERT_EQ(side.size(), 3u);
+    EXPECT_EQ(side[0].wParam, MakeWParam(MK_XBUTTON1, 1)); // which side button in the high word
+    EXPECT_EQ(side[1].wParam, MakeWParam(0, 1));
+    EXPECT_EQ(side[2].wParam, MakeWParam(MK_XBUTTON2, 2));
     auto wheel = Of(window, {WM_MOUSEWHEEL, WM_MOUSEHWHEEL});
     ASSERT_EQ(wheel.size(), 3u);
     EXPECT_EQ(wheel[0].message, WM_MOUSEWHEEL);
@@ -107,6 +130,21 @@ protected:
     {
         return Of(window, {WM_KEYDOWN, WM_KEYUP, WM_CHAR, WM_SYSKEYDOWN, WM_SYSKEYUP, WM_SYSCHAR});
     }
+
+    struct Key
+    {
+        uint32_t message;
+        WParam code;
+        uint32_t bits; // lParam's 32 bits
+        bool operator==(const Key&) const = default;
+    };
+    std::vector<Key> Summary(NativeWindow window)
+    {
+        std::vector<Key> keys;
+        for (const Message& m : Keys(window))
+            keys.push_back({m.message, m.wParam, static_cast<uint32_t>(m.lParam)});
+        return keys;
+    }
 };
 
 uint32_t Bits(LParam l) { return static_cast<uint32_t>(l); }
@@ -116,17 +154,24 @@ TEST_F(X11Keys, LetterGivesKeyDownCharAndKeyUpWithScanAndTransitionBits)
     NativeWindow window = FocusedWindow();
     ASSERT_EQ(Xdo({"key", "a"}), 0);
     ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_KEYUP) == 1; }));
-    auto keys = Keys(window);
-    ASSERT_EQ(keys.size(), 3u);
-    EXPECT_EQ(keys[0].message, WM_KEYDOWN);
-    EXPECT_EQ(keys[0].wParam, WParam('A'));
-    EXPECT_EQ(Bits(keys[0].lParam), 0x001E0001u); // repeat 1, scan code 0x1E
-    EXPECT_EQ(keys[1].message, WM_CHAR);
-    EXPECT_EQ(keys[1].wParam, WParam('a'));
-    EXPECT_EQ(keys[2].message, WM_KEYUP);
-    EXPECT_EQ(keys[2].wParam, WParam('A'));
-    EXPECT_EQ(Bits(keys[2].lParam), 0xC01E0001u); // previous state and transition set
-    EXPECT_LT(keys[2].lParam, 0);
+    // Repeat count 1 and scan code 0x1E; the release has the previous-state and transition bits.
+    EXPECT_EQ(Summary(window), (std::vector<Key>{{WM_KEYDOWN, 'A', 0x001E0001u}, {WM_CHAR, 'a', 0x001E0001u},
+                                                 {WM_KEYUP, 'A', 0xC01E0001u}}));
+    EXPECT_LT(Keys(window).back().lParam, 0); // the packed word sign-extends
+}
+
+TEST_F(X11Keys, HeldKeyRepeatsWithThePreviousStateBit)
+{
+    NativeWindow window = FocusedWindow();
+    ASSERT_EQ(Xdo({"keydown", "b", "sleep", "1.5", "keyup", "b"}), 0);
+    ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_KEYUP) == 1; }));
+    auto downs = Of(window, {WM_KEYDOWN});
+    ASSERT_GE(downs.size(), 2u) << "the server did not repeat the key";
+    EXPECT_EQ(Bits(downs[0].lParam), 0x00300001u); // scan code 0x30, first press
+    for (size_t i = 1; i < downs.size(); ++i)
+        EXPECT_EQ(Bits(downs[i].lParam), 0x40300001u); // repeats: the key was down
+    EXPECT_EQ(Count(window, WM_CHAR), downs.size());
+    EXPECT_EQ(Of(window, {WM_KEYDOWN, WM_KEYUP}).back().message, WM_KEYUP); // one release, at the end
 }
 
 TEST_F(X11Keys, ShiftDigitsFunctionAndExtendedKeys)
@@ -154,25 +199,14 @@ TEST_F(X11Keys, AltCombinationsAreSystemKeys)
     NativeWindow window = FocusedWindow();
     ASSERT_EQ(Xdo({"keydown", "alt", "key", "x", "keyup", "alt", "key", "F10"}), 0);
     ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_SYSKEYUP) + Count(window, WM_KEYUP) == 3; }));
-    auto keys = Keys(window);
-    ASSERT_EQ(keys.size(), 7u);
-    EXPECT_EQ(keys[0].message, WM_SYSKEYDOWN);
-    EXPECT_EQ(keys[0].wParam, 0x12u);
-    EXPECT_EQ(Bits(keys[0].lParam) >> 29, 1u); // Alt held
-    EXPECT_EQ(keys[1].message, WM_SYSKEYDOWN);
-    EXPECT_EQ(keys[1].wParam, WParam('X'));
-    EXPECT_EQ(Bits(keys[1].lParam) >> 29, 1u);
-    EXPECT_EQ(keys[2].message, WM_SYSCHAR);
-    EXPECT_EQ(keys[2].wParam, WParam('x'));
-    EXPECT_EQ(keys[3].message, WM_SYSKEYUP);
-    EXPECT_EQ(keys[3].wParam, WParam('X'));
-    EXPECT_EQ(Bits(keys[3].lParam) >> 29, 7u); // Alt still held, key was down, released
-    EXPECT_EQ(keys[4].message, WM_SYSKEYUP);
-    EXPECT_EQ(keys[4].wParam, 0x12u);
-    EXPECT_EQ(Bits(keys[4].lParam) >> 29, 6u); // Alt's own release: no longer held
-    EXPECT_EQ(keys[5].message, WM_SYSKEYDOWN); // F10 is a system key without Alt
-    EXPECT_EQ(keys[5].wParam, 0x79u);
-    EXPECT_EQ(Bits(keys[5].lParam) >> 29, 0u);
+    // Bits 29-31 of lParam: Alt held, previous state, transition. Alt's own release no longer
+    // counts as Alt held; F10 is a system key without Alt.
+    std::vector<Key> top;
+    for (const Key& key : Summary(window))
+        top.push_back({key.message, key.code, key.bits >> 29});
+    EXPECT_EQ(top, (std::vector<Key>{{WM_SYSKEYDOWN, 0x12, 1}, {WM_SYSKEYDOWN, 'X', 1}, {WM_SYSCHAR, 'x', 1},
+                                     {WM_SYSKEYUP, 'X', 7}, {WM_SYSKEYUP, 0x12, 6}, {WM_SYSKEYDOWN, 0x79, 0},
+                                     {WM_SYSKEYUP, 0x79, 6}}));
 }
 
 } // namespace

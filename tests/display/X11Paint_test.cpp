@@ -112,8 +112,7 @@ TEST_F(X11Paint, ScreenshotEqualsTheSceneInAnImageSurface)
     PaintWith(window, Scene);
     m_backend->Show(window, ShowCommand::Normal);
     ASSERT_TRUE(PumpUntil([&] { return !m_dirty.empty(); }));
-    EXPECT_EQ(m_dirty[0].right, 160);
-    EXPECT_EQ(m_dirty[0].bottom, 120);
+    EXPECT_EQ(EdgesOf(m_dirty[0]), (Edges{0, 0, 160, 120}));
 
     cairo_surface_t* expected = Reference(160, 120, Scene);
     cairo_surface_t* shown = m_backend->Snapshot(window);
@@ -125,15 +124,17 @@ TEST_F(X11Paint, ScreenshotEqualsTheSceneInAnImageSurface)
     WindowBox part{30, 20, 50, 45};
     m_backend->Invalidate(window, &part);
     ASSERT_TRUE(PumpUntil([&] { return m_dirty.size() == 2; }));
-    EXPECT_EQ(m_dirty[1].left, 30);
-    EXPECT_EQ(m_dirty[1].top, 20);
-    EXPECT_EQ(m_dirty[1].right, 50);
-    EXPECT_EQ(m_dirty[1].bottom, 45);
+    EXPECT_EQ(EdgesOf(m_dirty[1]), (Edges{30, 20, 50, 45}));
 
-    // Hidden and shown again, the window shows what it showed, though its handler paints
-    // nothing any more.
+    // Hidden, the window gets no paint; shown again, it shows what it showed, though its
+    // handler paints nothing any more.
     PaintWith(window, [](cairo_t*) { });
     m_backend->Show(window, ShowCommand::Hide);
+    NativeWindow other = ShowWindow(300, 30, 40, 40);
+    m_backend->Invalidate(window, nullptr);
+    m_backend->Invalidate(other, nullptr);
+    ASSERT_TRUE(PumpUntil([&] { return Count(other, WM_PAINT) == 2; }));
+    EXPECT_EQ(m_dirty.size(), 2u);
     m_backend->Show(window, ShowCommand::Normal);
     ASSERT_TRUE(PumpUntil([&] { return m_dirty.size() == 3; }));
     shown = m_backend->Snapshot(window);

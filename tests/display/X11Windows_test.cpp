@@ -25,19 +25,13 @@ protected:
 TEST_F(X11Windows, DestroyingAWindowTakesItsChildrenAndOwnedWindows)
 {
     NativeWindow window = ShowWindow(50, 60, 200, 100);
-    WindowBox box = m_backend->GetWindowBox(window);
-    EXPECT_EQ(box.left, 50);
-    EXPECT_EQ(box.top, 60);
-    EXPECT_EQ(box.right, 250);
-    EXPECT_EQ(box.bottom, 160);
+    EXPECT_EQ(EdgesOf(m_backend->GetWindowBox(window)), (Edges{50, 60, 250, 160}));
     NativeWindow child = Create(WindowKind::Child, window, 10, 20, 30, 40);
     NativeWindow popup = Create(WindowKind::Popup, window, 400, 400, 50, 50);
     ASSERT_TRUE(child && popup);
     m_backend->Show(child, ShowCommand::Normal);
-    WindowBox childBox = m_backend->GetWindowBox(child);
-    EXPECT_EQ(childBox.left, 60); // screen coordinates
-    EXPECT_EQ(childBox.top, 80);
-    EXPECT_EQ(m_backend->GetClientBox(child).right, 30);
+    EXPECT_EQ(EdgesOf(m_backend->GetWindowBox(child)), (Edges{60, 80, 90, 120})); // on the screen
+    EXPECT_EQ(EdgesOf(m_backend->GetClientBox(child)), (Edges{0, 0, 30, 40}));
     EXPECT_EQ(m_backend->WindowCount(), 3u);
     EXPECT_EQ(RootChildren(), 2);
 
@@ -68,6 +62,7 @@ TEST_F(X11Windows, TitlesProtocolsAndWindowKindsAreProperties)
     EXPECT_EQ(probe.Text(window, "_NET_WM_NAME"), "Grüße");
     EXPECT_EQ(probe.Text(window, "WM_NAME"), "Grüße");
     m_backend->SetTitle(window, "Second");
+    SyncBackend();
     EXPECT_EQ(probe.Text(window, "_NET_WM_NAME"), "Second");
     EXPECT_EQ(probe.Text(window, "WM_NAME"), "Second");
     auto protocols = probe.Words(window, "WM_PROTOCOLS");
@@ -109,32 +104,30 @@ TEST_F(X11Windows, MaximiseAndMinimiseWithoutAWindowManager)
     const uint32_t hidden = probe.Atom("_NET_WM_STATE_HIDDEN");
 
     m_backend->Show(window, ShowCommand::Maximised);
+    SyncBackend();
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Maximised);
     EXPECT_EQ(probe.Words(window, "_NET_WM_STATE"), (std::vector<uint32_t>{vertical, horizontal}));
     ASSERT_TRUE(PumpUntil([&] { return Count(window, WM_SIZE) == 1; }));
     auto size = Of(window, {WM_SIZE});
     EXPECT_EQ(size[0].wParam, SIZE_MAXIMIZED);
     EXPECT_EQ(size[0].lParam, MakeLParam(1280, 1024));
-    WindowBox box = m_backend->GetWindowBox(window);
-    EXPECT_EQ(box.left, 0);
-    EXPECT_EQ(box.right, 1280);
+    EXPECT_EQ(EdgesOf(m_backend->GetWindowBox(window)), (Edges{0, 0, 1280, 1024}));
 
     m_backend->Show(window, ShowCommand::Minimised);
+    SyncBackend();
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Minimised);
     EXPECT_EQ(probe.Words(window, "_NET_WM_STATE"), std::vector<uint32_t>{hidden});
     EXPECT_FALSE(probe.IsMapped(window));
 
     m_backend->Show(window, ShowCommand::Normal);
+    SyncBackend();
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Normal);
     EXPECT_TRUE(probe.Words(window, "_NET_WM_STATE").empty());
     EXPECT_TRUE(probe.IsMapped(window));
-    box = m_backend->GetWindowBox(window);
-    EXPECT_EQ(box.left, 50);
-    EXPECT_EQ(box.top, 60);
-    EXPECT_EQ(box.right, 250);
-    EXPECT_EQ(box.bottom, 160);
+    EXPECT_EQ(EdgesOf(m_backend->GetWindowBox(window)), (Edges{50, 60, 250, 160}));
 
     m_backend->Show(window, ShowCommand::Hide);
+    SyncBackend();
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Hide);
     EXPECT_FALSE(probe.IsMapped(window));
 }

@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -16,8 +17,8 @@ namespace vesk::test {
 
 namespace {
 
-// Starts a program with the given environment and standard error sent to /dev/null; -1 on failure.
-pid_t Spawn(const std::vector<std::string>& args, char** env, int keepFd = -1)
+// Starts a program with the given environment and its output sent to /dev/null; -1 on failure.
+pid_t Spawn(const std::vector<std::string>& args, char** env)
 {
     std::vector<char*> argv;
     for (const std::string& arg : args)
@@ -25,9 +26,8 @@ pid_t Spawn(const std::vector<std::string>& args, char** env, int keepFd = -1)
     argv.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
-    if (keepFd >= 0) // the descriptor stays open in the child without its close-on-exec flag
-        posix_spawn_file_actions_adddup2(&actions, keepFd, keepFd);
     pid_t pid = -1;
     if (posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), env) != 0)
         pid = -1;
@@ -51,10 +51,24 @@ std::unique_ptr<XServer> XServer::Start()
     int fds[2];
     if (::pipe2(fds, O_CLOEXEC) != 0)
         return nullptr;
-    // Xvfb picks a free display number itself and writes it to the pipe once it accepts connections.
-    pid_t pid = Spawn({"Xvfb", "-displayfd", std::to_string(fds[1]), "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
-                       "-noreset"},
-                      environ, fds[1]);
+    // Xvfb picks a free display number itself and writes it to the pipe once it accepts
+    // connections. It dies with the test program, even one that crashes.
+    std::string fd = std::to_string(fds[1]);
+    const char* argv[] = {"Xvfb", "-displayfd", fd.c_str(), "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+                          "-noreset", nullptr};
+    pid_t parent = ::getpid();
+    pid_t pid = ::fork();
+    if (pid == 0) {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (::getppid() != parent)
+            ::_exit(127);
+        int null = ::open("/dev/null", O_WRONLY);
+        ::dup2(null, 1);
+        ::dup2(null, 2);
+        ::fcntl(fds[1], F_SETFD, 0);
+        ::execvp(argv[0], const_cast<char**>(argv));
+        ::_exit(127);
+    }
     ::close(fds[1]);
     std::string number;
     if (pid > 0) {

@@ -59,7 +59,9 @@ std::shared_ptr<WindowRecord> X11Backend::Find(NativeWindow window) const { retu
 
 void X11Backend::Send(xcb_window_t id, uint32_t message, WParam wParam, LParam lParam) const
 {
-    if (WindowProcedure procedure = m_procedure.load())
+    // Late events of windows already destroyed (and of the message box's own) go nowhere.
+    WindowProcedure procedure = m_procedure.load();
+    if (procedure && Find(id))
         procedure(ToHandle(id), message, wParam, lParam);
 }
 

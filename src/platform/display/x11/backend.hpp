@@ -100,9 +100,6 @@ public:
     void Wake() override { m_connection->Wake(); }
 
 private:
-    friend class EventTranslator;
-    friend class MessageBoxDialog;
-
     std::shared_ptr<WindowRecord> Find(NativeWindow window) const;
     std::shared_ptr<WindowRecord> Find(xcb_window_t id) const;
     void Send(xcb_window_t id, uint32_t message, WParam wParam, LParam lParam) const;

@@ -91,6 +91,14 @@ bool X11Backend::DispatchEvents()
         events.swap(m_queue);
     }
     for (size_t i = 0; i < events.size(); ++i) {
+        // A release that ends the batch may be half of an auto-repeat whose press is still
+        // unread.
+        if (i + 1 == events.size() && (events[i]->response_type & 0x7F) == XCB_KEY_RELEASE) {
+            PullEvents();
+            std::lock_guard lock(m_queueMutex);
+            events.insert(events.end(), m_queue.begin(), m_queue.end());
+            m_queue.clear();
+        }
         const xcb_generic_event_t* next = i + 1 < events.size() ? events[i + 1] : nullptr;
         if (Translate(events[i], next))
             ++i;
@@ -192,7 +200,7 @@ bool X11Backend::Translate(const xcb_generic_event_t* event, const xcb_generic_e
 
 void X11Backend::OnKey(const xcb_key_press_event_t& event, bool pressed)
 {
-    if (!m_keymap || !Find(event.event))
+    if (!m_keymap)
         return;
     m_keymap->SetState(event.state);
     uint16_t vk = m_keymap->VirtualKey(event.detail);
@@ -220,8 +228,6 @@ void X11Backend::OnKey(const xcb_key_press_event_t& event, bool pressed)
 
 void X11Backend::OnButton(const xcb_button_press_event_t& event, bool pressed)
 {
-    if (!Find(event.event))
-        return;
     uint32_t keys = MouseKeyState(event.state);
     if (event.detail >= 4 && event.detail <= 7) {
         // Wheel notches come as presses of buttons 4 (up), 5 (down), 6 (left) and 7 (right);

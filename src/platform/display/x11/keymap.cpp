@@ -234,22 +234,15 @@ void Keymap::SetState(uint16_t coreState)
 
 uint16_t Keymap::VirtualKey(xcb_keycode_t keycode) const
 {
-    const xkb_keysym_t* syms = nullptr;
-    xkb_layout_index_t layout = xkb_state_key_get_layout(m_state, keycode);
-    if (layout == XKB_LAYOUT_INVALID)
-        layout = 0;
-    int count = xkb_keymap_key_get_syms_by_level(m_keymap, keycode, layout, 0, &syms);
-    if (count < 1)
-        return 0;
-    uint16_t vk = KeySymToVirtualKey(syms[0]);
     // The keypad's digit keys carry their navigation symbol on the first level; with Num Lock
     // on they type digits and report the numeric keypad codes.
     xkb_keysym_t current = xkb_state_key_get_one_sym(m_state, keycode);
-    if (current >= XKB_KEY_KP_0 && current <= XKB_KEY_KP_9)
+    if ((current >= XKB_KEY_KP_0 && current <= XKB_KEY_KP_9) || current == XKB_KEY_KP_Decimal)
         return KeySymToVirtualKey(current);
-    if (current == XKB_KEY_KP_Decimal)
-        return KeySymToVirtualKey(current);
-    return vk;
+    xkb_layout_index_t layout = xkb_state_key_get_layout(m_state, keycode);
+    const xkb_keysym_t* syms = nullptr;
+    int count = xkb_keymap_key_get_syms_by_level(m_keymap, keycode, layout == XKB_LAYOUT_INVALID ? 0 : layout, 0, &syms);
+    return count < 1 ? 0 : KeySymToVirtualKey(syms[0]);
 }
 
 std::u16string Keymap::Text(xcb_keycode_t keycode) const
