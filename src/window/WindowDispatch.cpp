@@ -23,7 +23,7 @@ bool WinMsgRouter::Dispatch(Window& w, uint32_t message, WParam wParam, LParam l
     case WM_SYSKEYDOWN:
     case WM_SYSKEYUP:
     case WM_SYSCHAR: return w.ProcessKeyMsg(message, wParam, lParam);
-    case WM_MOUSEMOVE: return w.ProcessMouseMove(wParam, lParam);
+    case WM_MOUSEMOVE: return w.ProcessMouseMove(*this, wParam, lParam);
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
     case WM_MBUTTONDOWN: return w.ProcessButtonDown(message, wParam, lParam);
@@ -52,17 +52,20 @@ bool WinMsgRouter::Dispatch(Window& w, uint32_t message, WParam wParam, LParam l
 bool Window::ProcessMouseMove(WParam wParam, LParam lParam)
 {
     WinMsgRouter* router = GlGetPWinMsgRouter();
-    if (!router)
-        return true;
+    return router ? ProcessMouseMove(*router, wParam, lParam) : true;
+}
+
+bool Window::ProcessMouseMove(WinMsgRouter& router, WParam wParam, LParam lParam)
+{
     const NativeWindow handle = GetHandle();
-    const uint32_t generation = router->GetMapGeneration();
+    const uint32_t generation = router.GetMapGeneration();
     m_pMouseEvent->Fill(wParam, lParam);
     m_pMouseEvent->SetClicks(0);
     m_pMouseEvent->SetChangedButton(0);
     MouseMove(*m_pMouseEvent);
-    if (!router->IsStillRegistered(handle, this, generation))
+    if (!router.IsStillRegistered(handle, this, generation))
         return true;
-    const WinCursor cursor = router->GetBusyCount() >= 1 ? WinCursor::Wait : m_eCursor;
+    const WinCursor cursor = router.GetBusyCount() >= 1 ? WinCursor::Wait : m_eCursor;
     // The display is told only of changes: moves are frequent.
     if (cursor != m_eCursorShown) {
         m_eCursorShown = cursor;

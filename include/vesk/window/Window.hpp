@@ -10,6 +10,8 @@
 
 namespace vesk {
 
+class WinMsgRouter;
+
 // One message as the tool tip sees it.
 struct WinMsg
 {
@@ -134,6 +136,9 @@ protected:
     virtual void ExitMenuLoop();
 
 private:
+    friend class WinMsgRouter;
+    // ProcessMouseMove with the router at hand (the dispatcher's path).
+    bool ProcessMouseMove(WinMsgRouter& router, WParam wParam, LParam lParam);
     void Wrap(CWnd* wnd);
     void Register();
     void Unregister();

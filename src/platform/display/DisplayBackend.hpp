@@ -48,7 +48,7 @@ struct WindowBox
 // Receives every event of every native window as (handle, message, wParam, lParam), with
 // the platform's message numbers and packing (vesk/frame/WinMessages.hpp). What backends send:
 //   mouse 512 move, 513/514 left down/up, 516/517 right, 519/520 middle, 515/518/521 double
-//     clicks (second press within 500 ms and 4 pixels): lParam MAKELPARAM(x, y) in signed
+//     clicks (second press within 500 ms and 2 pixels): lParam MAKELPARAM(x, y) in signed
 //     16-bit client coordinates, wParam the MK_ bits (1 left, 2 right, 4 shift, 8 control,
 //     0x10 middle) as they are after the event;
 //   522 wheel: wParam high word the signed delta (120 per notch, positive away from the
