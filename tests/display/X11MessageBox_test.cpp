@@ -4,13 +4,6 @@
 
 #include <thread>
 
-// fontconfig keeps its font sets (Pango's, for the box's text) for the life of the process in
-// memory that the leak checker cannot trace; those blocks are not the library's.
-extern "C" const char* __lsan_default_suppressions()
-{
-    return "leak:libfontconfig.so\n";
-}
-
 namespace vesk::test {
 namespace {
 
