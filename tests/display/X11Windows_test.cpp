@@ -18,7 +18,9 @@ protected:
         spec.y = y;
         spec.width = width;
         spec.height = height;
-        return m_backend->CreateWindow(spec);
+        NativeWindow window = m_backend->CreateWindow(spec);
+        SyncBackend(); // the server has the window and its properties before another client looks
+        return window;
     }
 };
 
