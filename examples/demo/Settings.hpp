@@ -1,0 +1,21 @@
+#pragma once
+
+#include <vesk/values/TamSize.hpp>
+
+#include <string>
+
+namespace demo {
+
+// What the demo keeps between runs, in its profile file: the last folder and the frame's size.
+struct Settings
+{
+    std::string folder;
+    vesk::TamSize size{960, 600};
+};
+
+// Reads the profile at `path` (empty: the program's own profile). A damaged value is reported
+// in one line through `problem` and replaced by its default.
+Settings LoadSettings(const std::string& path, std::string& problem);
+bool SaveSettings(const std::string& path, const Settings& settings);
+
+} // namespace demo
