@@ -27,6 +27,7 @@ bool DemoApp::Create(const Settings& settings, const std::string& scratch, std::
             error = "cannot create the " + pane->Title() + " pane";
             return false;
         }
+        pane->SetKeyHandler([this](const KeyEvent& event) { return HandleKey(event); });
     }
     if (!m_aPreview.CreateChildren(scratch)) {
         error = "cannot create the animation window";

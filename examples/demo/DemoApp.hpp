@@ -39,6 +39,13 @@ private:
     vesk::CWnd m_aWnd;
 };
 
+// The main window: focus it receives goes on to its view, the desk, which takes the keys.
+class DemoFrame : public vesk::CFrameWnd
+{
+protected:
+    intptr_t WindowProc(uint32_t message, vesk::WParam wParam, vesk::LParam lParam) override;
+};
+
 // The picture browser: a frame with the desk as its view and the five panes on the desk.
 class DemoApp
 {
@@ -79,7 +86,7 @@ private:
     void OnSelect(int index);
     bool AddWindowPicture(vesk::OutputDevice& dev, vesk::NativeWindow window, const vesk::TamPoint& pos);
 
-    vesk::CFrameWnd m_aFrame;
+    DemoFrame m_aFrame;
     Desk m_aDesk;
     FolderPane m_aFolder;
     PreviewPane m_aPreview;

@@ -36,4 +36,13 @@ void Desk::Paint(const CRectangle&)
     Erase(CRectangle(0, 0, size.Width() - 1, size.Height() - 1), TamColor(0xD8D0C8u));
 }
 
+intptr_t DemoFrame::WindowProc(uint32_t message, WParam wParam, LParam lParam)
+{
+    if (message == WM_SETFOCUS && GetView()) {
+        GetView()->SetFocus();
+        return 0;
+    }
+    return CFrameWnd::WindowProc(message, wParam, lParam);
+}
+
 } // namespace demo

@@ -3,6 +3,7 @@
 #include <vesk/graphics.hpp>
 #include <vesk/window.hpp>
 
+#include <functional>
 #include <string>
 
 namespace demo {
@@ -20,8 +21,12 @@ public:
     vesk::CWnd& Wnd() { return m_aWnd; }
     const std::string& Title() const { return m_aTitle; }
     virtual void Render(vesk::OutputDevice& dev, const vesk::TamSize& size) = 0;
+    // Where the keys typed while this pane has the focus go: the browser's keys work from
+    // every pane.
+    void SetKeyHandler(std::function<bool(const vesk::KeyEvent&)> handler) { m_aKeys = std::move(handler); }
 
 protected:
+    bool KeyInput(const vesk::KeyEvent& event) override { return m_aKeys && m_aKeys(event); }
     void Paint(const vesk::CRectangle&) override { Render(*this, GetOutputSizePixel()); }
     // Clears the pane and draws its title strip; returns the first free row.
     int32_t DrawFrame(vesk::OutputDevice& dev, const vesk::TamSize& size) const;
@@ -35,6 +40,7 @@ protected:
 private:
     std::string m_aTitle;
     vesk::CWnd m_aWnd;
+    std::function<bool(const vesk::KeyEvent&)> m_aKeys;
 };
 
 } // namespace demo
