@@ -18,7 +18,7 @@ Config Open(const std::string& path)
 }
 
 // A side of the frame; `fallback` for text that is not a number from 200 to 8000.
-int32_t ReadSide(const Config& config, const char* key, int32_t fallback, std::string& problem)
+int32_t ReadSide(const Config& config, const char* key, int32_t fallback, std::vector<std::string>& problems)
 {
     const std::string text(static_cast<const char*>(config.ReadKey(key)));
     if (text.empty())
@@ -26,8 +26,8 @@ int32_t ReadSide(const Config& config, const char* key, int32_t fallback, std::s
     int32_t value = 0;
     const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (ec != std::errc() || end != text.data() + text.size() || value < 200 || value > 8000) {
-        problem = std::string("profile: ") + key + " \"" + text + "\" is not a usable size, using " +
-                  std::to_string(fallback);
+        problems.push_back(std::string("profile: ") + key + " \"" + text + "\" is not a usable size, using " +
+                           std::to_string(fallback));
         return fallback;
     }
     return value;
@@ -35,13 +35,13 @@ int32_t ReadSide(const Config& config, const char* key, int32_t fallback, std::s
 
 } // namespace
 
-Settings LoadSettings(const std::string& path, std::string& problem)
+Settings LoadSettings(const std::string& path, std::vector<std::string>& problems)
 {
     const Config config = Open(path);
     Settings settings;
     settings.folder = static_cast<const char*>(config.ReadKey("LastFolder"));
-    settings.size = TamSize(ReadSide(config, "Width", settings.size.Width(), problem),
-                            ReadSide(config, "Height", settings.size.Height(), problem));
+    settings.size = TamSize(ReadSide(config, "Width", settings.size.Width(), problems),
+                            ReadSide(config, "Height", settings.size.Height(), problems));
     return settings;
 }
 

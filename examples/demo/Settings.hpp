@@ -3,6 +3,7 @@
 #include <vesk/values/TamSize.hpp>
 
 #include <string>
+#include <vector>
 
 namespace demo {
 
@@ -13,9 +14,9 @@ struct Settings
     vesk::TamSize size{960, 600};
 };
 
-// Reads the profile at `path` (empty: the program's own profile). A damaged value is reported
-// in one line through `problem` and replaced by its default.
-Settings LoadSettings(const std::string& path, std::string& problem);
+// Reads the profile at `path` (empty: the program's own profile). Each damaged value is
+// reported in one line added to `problems` and replaced by its default.
+Settings LoadSettings(const std::string& path, std::vector<std::string>& problems);
 bool SaveSettings(const std::string& path, const Settings& settings);
 
 } // namespace demo

@@ -126,9 +126,9 @@ int main(int argc, char** argv)
     const fs::path scratch = fs::temp_directory_path(ec) / ("vesk-demo-" + std::to_string(getpid()));
     fs::create_directories(scratch, ec);
 
-    std::string problem;
-    Settings settings = LoadSettings(o.profile, problem);
-    if (!problem.empty())
+    std::vector<std::string> problems;
+    Settings settings = LoadSettings(o.profile, problems);
+    for (const std::string& problem : problems)
         std::fprintf(stderr, "demo: %s\n", problem.c_str());
     if (o.headless)
         settings.size = vesk::TamSize(880, 540);
