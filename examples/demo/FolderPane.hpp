@@ -34,6 +34,8 @@ public:
     // Selects row `index` (clamped) and tells the listener.
     void Select(int index);
     void SetOnSelect(std::function<void(int)> listener) { m_aOnSelect = std::move(listener); }
+    // The top of row `index` as last drawn, in pane coordinates.
+    int32_t RowTop(int index) const { return m_nListTop + index * 2 * LINE_HEIGHT; }
 
     void Render(vesk::OutputDevice& dev, const vesk::TamSize& size) override;
     // "12.345 KB"-style size and date-time texts of the user's locale.

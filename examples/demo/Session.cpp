@@ -39,6 +39,12 @@ public:
             PostMessage(desk, WM_KEYUP, VK_CONTROL, 1);
         Settle();
     }
+    void Click(NativeWindow window, const TamPoint& at)
+    {
+        PostMessage(window, WM_LBUTTONDOWN, MK_LBUTTON, MakeLParam(at.x, at.y));
+        PostMessage(window, WM_LBUTTONUP, 0, MakeLParam(at.x, at.y));
+        Settle();
+    }
     // A frame of the session animation, and a PNG screenshot when `name` is given.
     void Shot(const char* name = nullptr)
     {
@@ -96,7 +102,10 @@ int RunSession(DemoApp& app, const std::string& folder, const std::string& outdi
     const auto& files = app.Folder().Files();
     bool shownPicture = false;
     for (size_t i = 0; i < files.size(); ++i) {
-        i == 0 ? app.Select(0) : s.Key(VK_DOWN);
+        if (i == 0)
+            s.Click(app.Folder().GetHandle(), TamPoint(40, app.Folder().RowTop(0) + 4));
+        else
+            s.Key(VK_DOWN);
         const std::string& line = app.Log().Lines().back();
         s.Step(line.rfind("problem: ", 0) == 0 ? line : files[i].name + ": " + line);
         if (!app.Preview().Animation()) {
