@@ -1,5 +1,6 @@
 #include "DemoApp.hpp"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 

@@ -55,7 +55,7 @@ void FolderPane::Select(int index)
 
 std::string FolderPane::SizeText(const International& intl, uint64_t bytes)
 {
-    const uint64_t kb = (bytes + 1023) / 1024;
+    const uint64_t kb = bytes / 1024 + (bytes % 1024 != 0); // rounded up without overflowing
     return std::string(intl.GetNum(static_cast<int32_t>(std::min<uint64_t>(kb, INT32_MAX)), 0)) + " KB";
 }
 

@@ -40,8 +40,10 @@ Settings LoadSettings(const std::string& path, std::vector<std::string>& problem
     const Config config = Open(path);
     Settings settings;
     settings.folder = static_cast<const char*>(config.ReadKey("LastFolder"));
-    settings.size = TamSize(ReadSide(config, "Width", settings.size.Width(), problems),
-                            ReadSide(config, "Height", settings.size.Height(), problems));
+    // One statement each, so that the problems are reported in the file's order.
+    const int32_t width = ReadSide(config, "Width", settings.size.Width(), problems);
+    const int32_t height = ReadSide(config, "Height", settings.size.Height(), problems);
+    settings.size = TamSize(width, height);
     return settings;
 }
 

@@ -151,7 +151,8 @@ int main(int argc, char** argv)
                     folders.push_back(home);
             }
             app.SetFolders(folders);
-            app.OpenFolder(folders.front()) || (app.OpenNextFolder(), true);
+            if (!app.OpenFolder(folders.front()))
+                app.OpenNextFolder();
             result = vesk::RunMessageLoop() == 0 ? 0 : 1;
         }
         if (result != 2 && !SaveSettings(o.profile, app.CurrentSettings()))
