@@ -4,7 +4,7 @@
 // gets a fresh backend whose window procedure records the messages.
 
 #include "platform/display/DisplayBackend.hpp"
-#include "platform/display/Messages.hpp"
+#include <vesk/frame/WinMessages.hpp>
 #include "support/XServer.hpp"
 
 #include <gtest/gtest.h>
@@ -144,7 +144,7 @@ protected:
         EXPECT_NE(window, nullptr);
         m_windows.push_back(window);
         m_backend->Show(window, display::ShowCommand::Normal);
-        EXPECT_TRUE(PumpUntil([&] { return Count(window, display::WM_PAINT) > 0; })) << "window never exposed";
+        EXPECT_TRUE(PumpUntil([&] { return Count(window, WM_PAINT) > 0; })) << "window never exposed";
         return window;
     }
 

@@ -7,8 +7,8 @@ using namespace vesk::display;
 
 class X11Input : public X11Fixture { };
 
-int16_t X(LParam l) { return LowSigned(static_cast<uintptr_t>(l)); }
-int16_t Y(LParam l) { return HighSigned(static_cast<uintptr_t>(l)); }
+int16_t X(LParam l) { return static_cast<int16_t>(LoWordSigned(l)); }
+int16_t Y(LParam l) { return static_cast<int16_t>(HiWordSigned(l)); }
 
 TEST_F(X11Input, ClickAndDoubleClickArriveInClientCoordinates)
 {
@@ -104,14 +104,14 @@ TEST_F(X11Input, WheelNotchesAndSideButtons)
     auto wheel = Of(window, {WM_MOUSEWHEEL, WM_MOUSEHWHEEL});
     ASSERT_EQ(wheel.size(), 3u);
     EXPECT_EQ(wheel[0].message, WM_MOUSEWHEEL);
-    EXPECT_EQ(HighSigned(wheel[0].wParam), 120);
+    EXPECT_EQ(HiWordSigned(static_cast<intptr_t>(wheel[0].wParam)), 120);
     EXPECT_EQ(wheel[0].wParam & 0xFFFF, 0u);
     EXPECT_EQ(X(wheel[0].lParam), 160); // screen, not client, coordinates
     EXPECT_EQ(Y(wheel[0].lParam), 170);
-    EXPECT_EQ(HighSigned(wheel[1].wParam), -120);
+    EXPECT_EQ(HiWordSigned(static_cast<intptr_t>(wheel[1].wParam)), -120);
     EXPECT_EQ(wheel[1].wParam, MakeWParam(MK_SHIFT, static_cast<uint32_t>(-120)));
     EXPECT_EQ(wheel[2].message, WM_MOUSEHWHEEL);
-    EXPECT_EQ(HighSigned(wheel[2].wParam), 120);
+    EXPECT_EQ(HiWordSigned(static_cast<intptr_t>(wheel[2].wParam)), 120);
 }
 
 class X11Keys : public X11Fixture {

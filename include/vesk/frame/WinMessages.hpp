@@ -47,15 +47,25 @@ enum : uint32_t {
     WM_MBUTTONUP = 520,
     WM_MBUTTONDBLCLK = 521,
     WM_MOUSEWHEEL = 522,
+    WM_XBUTTONDOWN = 523,
+    WM_XBUTTONUP = 524,
+    WM_XBUTTONDBLCLK = 525,
+    WM_MOUSEHWHEEL = 526,
     WM_ENTERMENULOOP = 529,
     WM_EXITMENULOOP = 530,
+    WM_CAPTURECHANGED = 533,
     WM_MOUSEHOVER = 673,
     WM_MOUSELEAVE = 675,
     WM_USER = 0x400,
 };
 
 // Key and button state in mouse messages.
-enum : uint32_t { MK_LBUTTON = 1, MK_RBUTTON = 2, MK_SHIFT = 4, MK_CONTROL = 8, MK_MBUTTON = 0x10 };
+enum : uint32_t {
+    MK_LBUTTON = 1, MK_RBUTTON = 2, MK_SHIFT = 4, MK_CONTROL = 8, MK_MBUTTON = 0x10, MK_XBUTTON1 = 0x20,
+    MK_XBUTTON2 = 0x40,
+};
+// One notch of a mouse wheel, in the high word of a wheel message's wParam.
+inline constexpr int WHEEL_DELTA = 120;
 
 // Size-message kinds.
 enum : uint32_t { SIZE_RESTORED = 0, SIZE_MINIMIZED = 1, SIZE_MAXIMIZED = 2 };
@@ -63,10 +73,10 @@ enum : uint32_t { SIZE_RESTORED = 0, SIZE_MINIMIZED = 1, SIZE_MAXIMIZED = 2 };
 // Message-box types, default buttons and results.
 enum : uint32_t {
     MB_OK = 0, MB_OKCANCEL = 1, MB_ABORTRETRYIGNORE = 2, MB_YESNOCANCEL = 3, MB_YESNO = 4,
-    MB_RETRYCANCEL = 5, MB_ICONERROR = 0x10, MB_ICONQUESTION = 0x20, MB_ICONWARNING = 0x30,
-    MB_ICONINFORMATION = 0x40, MB_DEFBUTTON2 = 0x100, MB_DEFBUTTON3 = 0x200,
+    MB_RETRYCANCEL = 5, MB_CANCELTRYCONTINUE = 6, MB_TYPEMASK = 0xF, MB_ICONERROR = 0x10, MB_ICONQUESTION = 0x20, MB_ICONWARNING = 0x30,
+    MB_ICONINFORMATION = 0x40, MB_DEFBUTTON2 = 0x100, MB_DEFBUTTON3 = 0x200, MB_DEFMASK = 0xF00,
 };
-enum : int { IDOK = 1, IDCANCEL = 2, IDABORT = 3, IDRETRY = 4, IDIGNORE = 5, IDYES = 6, IDNO = 7 };
+enum : int { IDOK = 1, IDCANCEL = 2, IDABORT = 3, IDRETRY = 4, IDIGNORE = 5, IDYES = 6, IDNO = 7, IDTRYAGAIN = 10, IDCONTINUE = 11 };
 
 // Virtual-key codes. Letters and digits are their upper-case ASCII codes ('A' 0x41, '0' 0x30).
 enum : uint32_t {
@@ -87,6 +97,12 @@ enum : uint32_t {
 constexpr intptr_t MakeLParam(int32_t low, int32_t high)
 {
     return static_cast<int32_t>((static_cast<uint32_t>(low) & 0xFFFF) | (static_cast<uint32_t>(high) << 16));
+}
+// Two 16-bit values in one word (low first), zero extended: the wParam of wheel and side-button
+// messages.
+constexpr uintptr_t MakeWParam(uint32_t low, uint32_t high)
+{
+    return (low & 0xFFFF) | (high & 0xFFFF) << 16;
 }
 // The signed low and high words of a packed parameter.
 constexpr int32_t LoWordSigned(intptr_t v) { return static_cast<int16_t>(static_cast<uint32_t>(v) & 0xFFFF); }

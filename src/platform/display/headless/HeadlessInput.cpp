@@ -14,7 +14,6 @@ namespace {
 
 constexpr uint32_t BUTTON_BITS[3] = {MK_LBUTTON, MK_RBUTTON, MK_MBUTTON};
 constexpr uint32_t BUTTON_DOWN[3] = {WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN};
-constexpr int WHEEL_DELTA = 120;
 constexpr int DOUBLE_CLICK_MS = 500;
 constexpr int DOUBLE_CLICK_SLOP = 2;
 

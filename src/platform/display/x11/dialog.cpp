@@ -1,6 +1,6 @@
 #include "platform/display/x11/dialog.hpp"
 
-#include "platform/display/Messages.hpp"
+#include <vesk/frame/WinMessages.hpp>
 #include "platform/display/x11/backend.hpp"
 #include "platform/display/x11/properties.hpp"
 

@@ -1,4 +1,4 @@
-#include "platform/display/Messages.hpp"
+#include <vesk/frame/WinMessages.hpp>
 #include "platform/display/x11/backend.hpp"
 #include "platform/display/x11/properties.hpp"
 
