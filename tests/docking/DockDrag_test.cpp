@@ -119,9 +119,9 @@ TEST_F(DockDragTest, CaptionDragDocksOntoAPanesEdgeAsPreviewed)
     Display().InjectMouseMove(HostHandle(), was.Left() + 12, was.Top() + 5);
     Pump();
     EXPECT_TRUE(right->IsDocked()); // not yet: 2 pixels
-    Display().InjectMouseMove(HostHandle(), was.Left() + 30, was.Top() + 5);
+    Display().InjectMouseMove(HostHandle(), was.Left() + 10, was.Top() + 25);
     Pump();
-    EXPECT_FALSE(right->IsDocked()); // lifted out
+    EXPECT_FALSE(right->IsDocked()); // lifted out, by a move straight down
     Display().InjectMouseMove(HostHandle(), target.x, target.y);
     Pump();
     CRectangle preview;

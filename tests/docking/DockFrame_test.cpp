@@ -119,6 +119,20 @@ TEST_F(DockLayoutTest, HidingAndShowingRestoresTheLayout)
     EXPECT_EQ(Rects(), start);
 }
 
+TEST_F(DockLayoutTest, ShownAgainBesideTheLeafItTouched)
+{
+    // Left over Below over Side: Left's neighbour is Below, not the far part of the split.
+    TamDockablePane* side = Pane("Side");
+    ASSERT_TRUE(manager->DockIntoPane(side, below, CBRS_ALIGN_BOTTOM, 100));
+    left->HidePane();
+    EXPECT_EQ(left->GetRecentDockPlace().sTarget, SString("Below"));
+    EXPECT_EQ(left->GetRecentDockPlace().nAlign, CBRS_ALIGN_TOP);
+    left->ShowPane();
+    EXPECT_EQ(HostRect(left).Top(), 0);
+    EXPECT_EQ(HostRect(left).Bottom() + TamPaneDivider::GetDefaultWidth(96), HostRect(below).Top());
+    EXPECT_EQ(HostRect(below).Bottom() + TamPaneDivider::GetDefaultWidth(96), HostRect(side).Top());
+}
+
 TEST_F(DockLayoutTest, PrintPreviewHidesThePanesAndShowsThemAgain)
 {
     const std::vector<CRectangle> start = Rects();
