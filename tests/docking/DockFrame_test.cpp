@@ -271,6 +271,20 @@ TEST_F(DockLayoutTest, DockSitesAndAutoHide)
     EXPECT_EQ(Rects(), start);
     // No site on the right edge: a pane there cannot be pinned off.
     EXPECT_FALSE(right->SetAutoHideMode(true));
+
+    // Docked somewhere else, or floated, straight from the strip: the strip lets it go.
+    for (int floated = 0; floated < 2; ++floated) {
+        ASSERT_TRUE(manager->DockIntoParent(left, CBRS_ALIGN_LEFT, 100, true));
+        ASSERT_TRUE(left->SetAutoHideMode(true));
+        EXPECT_EQ(site->GetStripThickness(96), 24);
+        ASSERT_TRUE(floated ? left->FloatAt(CRectangle(10, 10, 200, 200))
+                            : manager->DockIntoPane(left, right, CBRS_ALIGN_TOP, 0));
+        hidden.clear();
+        manager->FillAutoHidePaneVec(hidden);
+        EXPECT_TRUE(hidden.empty());
+        EXPECT_EQ(site->GetStripThickness(96), 0);
+        EXPECT_EQ(HostRect(below).Left(), 0);
+    }
 }
 
 } // namespace

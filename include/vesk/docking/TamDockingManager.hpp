@@ -87,6 +87,8 @@ private:
     bool TakeOut(TamDockablePane& pane);
     bool Redock(TamDockablePane& pane);
     bool PinOff(TamDockablePane& pane);
+    // Takes the pane off its dock site's strip, if it is on one.
+    bool Unpin(TamDockablePane& pane);
     bool PinBack(TamDockablePane& pane);
     void SlideOut(TamDockSite& site, TamDockablePane* pane);
     void BeginDividerDrag(size_t index, const TamPoint& hostPos);

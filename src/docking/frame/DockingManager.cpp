@@ -102,14 +102,10 @@ void TamDockingManager::ForgetPane(TamDockablePane& pane)
 {
     if (m_pDrag && m_pDrag->Involves(pane))
         m_pDrag.reset();
-    for (auto& site : m_aSites) {
-        std::erase(site->m_aPanes, &pane);
-        if (site->m_pShown == &pane)
-            site->m_pShown = nullptr;
-    }
+    const bool unpinned = Unpin(pane);
     std::erase(m_aHiddenForPreview, &pane);
     std::erase(m_aPanes, &pane);
-    if (m_pModel->Remove(pane.GetName()))
+    if (m_pModel->Remove(pane.GetName()) || unpinned)
         RecalcLayout();
 }
 
@@ -136,6 +132,7 @@ bool TamDockingManager::DockIntoPane(DockablePane* pane, DockablePane* target, u
     if (!own || !into || own == into || own->m_pManager != this || into->m_pManager != this || !into->IsDocked() ||
         !LayoutEdgeOfAlign(align, side))
         return false;
+    Unpin(*own);
     TakeOut(*own);
     own->DropMiniFrame();
     if (!m_pModel->DockIntoPane(own->GetName(), into->GetName(), side, length, own->GetMinSize()))
@@ -153,6 +150,7 @@ bool TamDockingManager::DockIntoParent(DockablePane* pane, uint32_t align, int32
     LayoutEdge edge;
     if (!own || own->m_pManager != this || !LayoutEdgeOfAlign(align, edge))
         return false;
+    Unpin(*own);
     TakeOut(*own);
     own->DropMiniFrame();
     if (!m_pModel->AddBand(edge, own->GetName(), length, own->GetMinSize(), outermost))

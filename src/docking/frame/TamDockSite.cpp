@@ -91,20 +91,28 @@ bool TamDockingManager::PinOff(TamDockablePane& pane)
     return true;
 }
 
-bool TamDockingManager::PinBack(TamDockablePane& pane)
+bool TamDockingManager::Unpin(TamDockablePane& pane)
 {
     for (auto& site : m_aSites) {
-        if (std::find(site->m_aPanes.begin(), site->m_aPanes.end(), &pane) == site->m_aPanes.end())
+        if (std::erase(site->m_aPanes, &pane) == 0)
             continue;
-        std::erase(site->m_aPanes, &pane);
         if (site->m_pShown == &pane)
             site->m_pShown = nullptr;
         pane.m_eState = TamDockablePane::State::Hidden;
-        if (!Redock(pane))
-            RecalcLayout();
+        pane.m_aWnd.ShowWindow(SW_HIDE);
+        site->Invalidate();
         return true;
     }
     return false;
+}
+
+bool TamDockingManager::PinBack(TamDockablePane& pane)
+{
+    if (!Unpin(pane))
+        return false;
+    if (!Redock(pane))
+        RecalcLayout();
+    return true;
 }
 
 void TamDockingManager::SlideOut(TamDockSite& site, TamDockablePane* pane)

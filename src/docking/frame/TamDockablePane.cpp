@@ -16,6 +16,7 @@ TamDockablePane::~TamDockablePane()
 {
     if (m_pManager)
         m_pManager->ForgetPane(*this);
+    m_pManager = nullptr; // nothing to make again in the host
     DropMiniFrame();
     m_aWnd.DestroyWindow();
 }
@@ -141,10 +142,10 @@ bool TamDockablePane::FloatAt(const CRectangle& rect)
 {
     if (!m_pManager)
         return false;
-    if (IsAutoHidden())
-        m_pManager->PinBack(*this);
+    m_pManager->Unpin(*this);
     m_pManager->TakeOut(*this);
     DropMiniFrame();
+    m_pManager->RecalcLayout();
     auto frame = std::make_unique<TamPaneFrameWnd>(*this);
     if (!frame->Create(rect, m_pManager->GetHost()->GetParent()))
         return false;
