@@ -74,6 +74,25 @@ TEST_F(DockLayoutTest, OneContainerPerSplitWithItsPartsAndDivider)
     EXPECT_EQ(c->GetRightPane(), below);
 }
 
+TEST_F(DockLayoutTest, LayoutTreeOfTheWindows)
+{
+    const DockElementVec tree = manager->BuildDockElements();
+    ASSERT_EQ(tree.size(), 4u); // bottom, left (a holder), right, free space
+    auto* holder = dynamic_cast<HolderElement*>(tree[1].get());
+    ASSERT_NE(holder, nullptr);
+    auto* upper = dynamic_cast<DockPaneElement*>(holder->GetLeft());
+    ASSERT_NE(upper, nullptr);
+    EXPECT_EQ(upper->GetPane(), left);
+    EXPECT_EQ(upper->GetRect(), left->GetScreenRect());
+    const CRectangle l = left->GetScreenRect(), b = below->GetScreenRect();
+    EXPECT_EQ(holder->GetRect(), CRectangle(l.Left(), l.Top(), b.Right(), b.Bottom()));
+    auto* free = dynamic_cast<FreeSpaceElement*>(tree[3].get());
+    ASSERT_NE(free, nullptr);
+    // Between the left and right bands, above the bottom one, with a divider on each side.
+    const CRectangle r = right->GetScreenRect();
+    EXPECT_EQ(free->GetRect(), CRectangle(l.Right() + 5, l.Top(), r.Left() - 5, b.Bottom()));
+}
+
 TEST_F(DockLayoutTest, ResizeAndResolutionKeepTheSolversRectangles)
 {
     const std::vector<CRectangle> start = Rects();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vesk/docking/DockElement.hpp>
 #include <vesk/docking/DockablePane.hpp>
 #include <vesk/docking/TamDockSite.hpp>
 #include <vesk/export.hpp>
@@ -57,6 +58,10 @@ public:
     // Print preview hides every visible pane and shows them again when it ends.
     void SetPrintPreviewMode(bool preview);
     bool IsPrintPreviewValid() const { return m_bPrintPreview; }
+
+    // The dock layout tree of the docked panes: per band in dock order its pane, or a holder
+    // built from its top container; then the free space. Screen coordinates.
+    DockElementVec BuildDockElements() const;
 
     // Places every window from the model's current solution.
     void RecalcLayout();

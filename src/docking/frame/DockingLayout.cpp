@@ -6,7 +6,11 @@
 #include "docking/frame/DockHost_p.hpp"
 #include "docking/layout/LayoutModel.hpp"
 
+#include <vesk/docking/FreeSpaceElement.hpp>
+#include <vesk/docking/HolderElement.hpp>
+#include <vesk/docking/PaneElement.hpp>
 #include <vesk/docking/TamDockablePane.hpp>
+#include <vesk/window/FrameWnd.hpp>
 #include <vesk/docking/TamPaneContainer.hpp>
 
 #include <algorithm>
@@ -132,6 +136,24 @@ std::vector<std::pair<const TamDockablePane*, CRectangle>> TamDockingManager::Ge
     for (const LayoutPaneRect& p : m_pModel->GetSolution().panes)
         rects.emplace_back(FindPane(p.pPane->GetName()), ToRect(p.rect, ModelOffset()));
     return rects;
+}
+
+DockElementVec TamDockingManager::BuildDockElements() const
+{
+    DockElementVec elements;
+    for (size_t k = 0; k < m_pModel->GetBandCount(); ++k) {
+        const LayoutNode* root = m_pModel->GetBand(k).pRoot.get();
+        if (root->IsLeaf())
+            elements.push_back(std::make_unique<DockPaneElement>(PaneOfNode(root)));
+        else
+            elements.push_back(std::make_unique<HolderElement>(FindContainer(root)));
+    }
+    const CRectangle host = m_pHost->GetWindowRect();
+    const CRectangle f = ToRect(m_pModel->GetSolution().freeSpace, ModelOffset());
+    elements.push_back(std::make_unique<FreeSpaceElement>(
+        CRectangle(host.Left() + f.Left(), host.Top() + f.Top(), host.Left() + f.Right(), host.Top() + f.Bottom()),
+        m_rFrame.GetSafeHwnd()));
+    return elements;
 }
 
 TamPaneContainer* TamDockingManager::FindContainer(const LayoutNode* split) const
