@@ -47,6 +47,8 @@ public:
     DockDrag& operator=(const DockDrag&) = delete;
 
     bool Involves(const TamDockablePane& pane) const { return m_pPane == &pane; }
+    // Whether a drag is going on in any manager: one at a time, the pointer is one.
+    static bool IsAnyActive() { return s_pActive != nullptr; }
     // The drop target and its preview for a pointer at `p` (host client coordinates).
     DockDropTarget TargetAt(const TamPoint& p) const;
     // The dragged pane's rectangle in host coordinates were it dropped on `target`; false

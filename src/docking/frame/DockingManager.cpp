@@ -281,13 +281,13 @@ void TamDockingManager::SetPrintPreviewMode(bool preview)
 
 void TamDockingManager::BeginDividerDrag(size_t index, const TamPoint& hostPos)
 {
-    if (!m_pDrag)
+    if (!DockDrag::IsAnyActive())
         m_pDrag = std::make_unique<DockDrag>(*this, index, hostPos);
 }
 
 void TamDockingManager::BeginPaneDrag(TamDockablePane& pane, const TamPoint& hostPos)
 {
-    if (!m_pDrag)
+    if (!DockDrag::IsAnyActive())
         m_pDrag = std::make_unique<DockDrag>(*this, pane, hostPos);
 }
 
