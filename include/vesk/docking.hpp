@@ -1,7 +1,7 @@
 #pragma once
 
 // Docking: the data buffer of the stored records, dock positions and their neighbours, and the
-// dock layout tree.
+// dock layout tree, and the dock framework's windows.
 #include <vesk/docking/DataBuffer.hpp>
 #include <vesk/docking/DockNeighbour.hpp>
 #include <vesk/docking/DockPosition.hpp>
@@ -10,3 +10,8 @@
 #include <vesk/docking/FreeSpaceElement.hpp>
 #include <vesk/docking/HolderElement.hpp>
 #include <vesk/docking/PaneElement.hpp>
+#include <vesk/docking/TamDockablePane.hpp>
+#include <vesk/docking/TamDockSite.hpp>
+#include <vesk/docking/TamDockingManager.hpp>
+#include <vesk/docking/TamPaneContainer.hpp>
+#include <vesk/docking/TamPaneFrameWnd.hpp>

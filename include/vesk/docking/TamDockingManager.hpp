@@ -1,0 +1,122 @@
+#pragma once
+
+#include <vesk/docking/DockElement.hpp>
+#include <vesk/docking/DockablePane.hpp>
+#include <vesk/docking/TamDockSite.hpp>
+#include <vesk/export.hpp>
+#include <vesk/values/TamPoint.hpp>
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace vesk {
+
+class CFrameWnd;
+class Window;
+class LayoutModel;
+class LayoutNode;
+class TamDockablePane;
+class TamPaneContainer;
+class TamPaneDivider;
+class TamPaneFrameWnd;
+class DockHostWnd;
+class DockDrag;
+
+// The docking of one frame window. It puts a host window over the frame's client area and
+// places every docked pane and divider from the layout model's solution, again on every
+// resize and resolution change. Panes belong to the application; the manager only places them.
+class VESK_API TamDockingManager : public DockingTarget {
+public:
+    explicit TamDockingManager(CFrameWnd& frame);
+    ~TamDockingManager() override;
+    TamDockingManager(const TamDockingManager&) = delete;
+    TamDockingManager& operator=(const TamDockingManager&) = delete;
+
+    // The window the docked panes live in (fills the frame's client area).
+    CWnd* GetHost() const;
+    // The window that fills the free space, if any.
+    void SetCentralWindow(CWnd* wnd);
+    int32_t GetDpi() const { return m_nDpi; }
+    void SetDpi(int32_t dpi);
+
+    bool DockIntoPane(DockablePane* pane, DockablePane* target, uint32_t align, int32_t length) override;
+    bool DockIntoParent(DockablePane* pane, uint32_t align, int32_t length, bool outermost) override;
+
+    // The panes in creation order; the auto-hidden panes; the mini-frames.
+    void FillDockablePaneVec(std::vector<TamDockablePane*>& panes) const;
+    void FillAutoHidePaneVec(std::vector<TamDockablePane*>& panes) const;
+    void FillMiniFrameVec(std::vector<TamPaneFrameWnd*>& frames) const;
+    TamDockablePane* FindPane(const SString& name) const;
+
+    // Makes a dock site as `info` says; on failure shows "DockBar Create FAILED" and returns
+    // false. `site` is null first and the new site on success (the manager owns it).
+    bool AddDockSite(const AFX_DOCKSITE_INFO& info, TamDockSite** site);
+    TamDockSite* GetDockSite(uint32_t align) const;
+
+    // Print preview hides every visible pane and shows them again when it ends.
+    void SetPrintPreviewMode(bool preview);
+    bool IsPrintPreviewValid() const { return m_bPrintPreview; }
+
+    // The dock layout tree of the docked panes: per band in dock order its pane, or a holder
+    // built from its top container; then the free space. Screen coordinates.
+    DockElementVec BuildDockElements() const;
+
+    // Places every window from the model's current solution.
+    void RecalcLayout();
+    // Pane rectangles in host client coordinates from the solution, in dock order.
+    std::vector<std::pair<const TamDockablePane*, CRectangle>> GetPaneRects() const;
+    const std::vector<std::unique_ptr<TamPaneDivider>>& GetDividers() const { return m_aDividers; }
+    const std::vector<std::unique_ptr<TamPaneContainer>>& GetContainers() const { return m_aContainers; }
+    TamPaneContainer* FindContainer(const LayoutNode* split) const;
+    TamDockablePane* PaneOfNode(const LayoutNode* leaf) const;
+    const LayoutModel& GetModel() const { return *m_pModel; }
+    // Whether a drag (divider or pane) is going on.
+    bool IsDragging() const;
+    // While a pane is dragged over a drop target: where it would land (host coordinates).
+    bool GetDropPreview(CRectangle& rect) const;
+
+private:
+    friend class TamDockablePane;
+    friend class TamPaneDivider;
+    friend class TamDockSite;
+    friend class DockDrag;
+    friend class DockHostWnd;
+
+    bool AddPane(TamDockablePane& pane);
+    void ForgetPane(TamDockablePane& pane);
+    // `pane` when it is one of this manager's panes, else null.
+    TamDockablePane* KnownPane(const TamDockablePane* pane) const;
+    // Takes the pane out of the model, remembering its place; false when it was not docked.
+    bool TakeOut(TamDockablePane& pane);
+    bool Redock(TamDockablePane& pane);
+    bool PinOff(TamDockablePane& pane);
+    // Takes the pane off its dock site's strip, if it is on one.
+    bool Unpin(TamDockablePane& pane);
+    bool PinBack(TamDockablePane& pane);
+    void SlideOut(TamDockSite& site, TamDockablePane* pane);
+    void BeginDividerDrag(size_t index, const TamPoint& hostPos);
+    void BeginPaneDrag(TamDockablePane& pane, const TamPoint& hostPos);
+    // Screen position to host client coordinates, and the model's offset in the host.
+    TamPoint ScreenToHost(const TamPoint& p) const;
+    TamPoint ModelOffset() const;
+    void SyncWindows();
+
+    CFrameWnd& m_rFrame;
+    std::unique_ptr<DockHostWnd> m_pHost;
+    // The host as a library window: its messages pass the router's hooks.
+    std::unique_ptr<Window> m_pHostWindow;
+    std::unique_ptr<LayoutModel> m_pModel;
+    int32_t m_nDpi = 96;
+    CWnd* m_pCentral = nullptr;
+    std::vector<TamDockablePane*> m_aPanes;
+    std::vector<std::unique_ptr<TamPaneContainer>> m_aContainers;
+    std::vector<std::unique_ptr<TamPaneDivider>> m_aDividers;
+    std::vector<std::unique_ptr<TamDockSite>> m_aSites;
+    bool m_bPrintPreview = false;
+    std::vector<TamDockablePane*> m_aHiddenForPreview;
+    std::unique_ptr<DockDrag> m_pDrag;
+};
+
+} // namespace vesk

@@ -1,0 +1,205 @@
+// The dockable pane: its state between docked, floating, pinned off and hidden, and the
+// native window it is made on.
+#include <vesk/docking/TamDockablePane.hpp>
+
+#include "docking/layout/LayoutModel.hpp"
+#include "docking/layout/LayoutTree.hpp"
+
+#include <vesk/docking/TamDockingManager.hpp>
+#include <vesk/docking/TamPaneFrameWnd.hpp>
+
+namespace vesk {
+
+TamDockablePane::TamDockablePane() = default;
+
+TamDockablePane::~TamDockablePane()
+{
+    if (m_pManager)
+        m_pManager->ForgetPane(*this);
+    m_pManager = nullptr; // nothing to make again in the host
+    DropMiniFrame();
+    m_aWnd.DestroyWindow();
+}
+
+bool TamDockablePane::Create(TamDockingManager& manager, const SString& name, const TamSize& minSize96)
+{
+    if (m_pManager)
+        return false;
+    m_sName = name;
+    m_aMinSize = minSize96;
+    if (!manager.AddPane(*this))
+        return false;
+    m_pManager = &manager;
+    if (!Remake(manager.GetHost(), CRectangle(0, 0, 0, 0))) {
+        manager.ForgetPane(*this);
+        m_pManager = nullptr;
+        return false;
+    }
+    return true;
+}
+
+bool TamDockablePane::Remake(CWnd* parent, const CRectangle& rect)
+{
+    m_aWnd.DestroyWindow();
+    if (!m_aWnd.Create(WndKind::Child, parent, rect.TopLeft(),
+                       TamSize(rect.Right() - rect.Left(), rect.Bottom() - rect.Top()), static_cast<const char*>(m_sName)))
+        return false;
+    SetAsWrap(&m_aWnd);
+    OnNativeWindowMade();
+    return true;
+}
+
+CRectangle TamDockablePane::GetScreenRect() const
+{
+    return m_aWnd.GetWindowRect();
+}
+
+bool TamDockablePane::GetMiniFrameScreenRect(CRectangle& rect) const
+{
+    if (!m_pMiniFrame)
+        return false;
+    rect = m_pMiniFrame->GetWindowRect();
+    return true;
+}
+
+void TamDockablePane::SetSizeInContainer(int32_t length)
+{
+    if (m_pManager && IsDocked() && m_pManager->m_pModel->SetExtent(m_sName, length))
+        m_pManager->RecalcLayout();
+}
+
+bool TamDockablePane::FloatPane()
+{
+    const CRectangle& r = m_aRecentFloat;
+    if (r.Right() - r.Left() > 0 && r.Bottom() - r.Top() > 0)
+        return FloatAt(r);
+    // Never floated: where it is now, or a default size at the screen's corner.
+    const CRectangle now = GetScreenRect();
+    const bool sized = now.Right() - now.Left() > 0 && now.Bottom() - now.Top() > 0;
+    return FloatAt(sized ? now : CRectangle(0, 0, 200, 200));
+}
+
+void TamDockablePane::PlaceAt(const CRectangle& rect)
+{
+    m_aWnd.MoveWindow(rect.Left(), rect.Top(), rect.Right() - rect.Left(), rect.Bottom() - rect.Top());
+    m_aWnd.ShowWindow(SW_SHOW);
+    FitLibraryWindow();
+    Invalidate();
+}
+
+void TamDockablePane::SetLibraryWindow(Window* window)
+{
+    m_pLibraryWindow = window;
+    FitLibraryWindow();
+}
+
+void TamDockablePane::FitLibraryWindow()
+{
+    CWnd* wnd = m_pLibraryWindow ? m_pLibraryWindow->GetCWnd() : nullptr;
+    if (!wnd || !wnd->GetSafeHwnd())
+        return;
+    const TamSize size = m_aWnd.GetClientSize();
+    const int32_t caption = GetCaptionHeight();
+    wnd->MoveWindow(0, caption, size.Width(), std::max(0, size.Height() - caption));
+}
+
+void TamDockablePane::ShowPane()
+{
+    if (!m_pManager || IsDocked() || IsFloating() || IsAutoHidden())
+        return;
+    if (m_bHasDockPlace && m_pManager->Redock(*this))
+        return;
+    FloatPane();
+}
+
+void TamDockablePane::HidePane()
+{
+    if (!m_pManager)
+        return;
+    if (IsAutoHidden())
+        m_pManager->PinBack(*this); // back into its place first, so hiding remembers it
+    if (IsDocked()) {
+        m_pManager->TakeOut(*this);
+    } else if (IsFloating()) {
+        DropMiniFrame();
+        m_eState = State::Hidden;
+        // Shown again, a pane that floated last floats again.
+        m_bHasDockPlace = false;
+    }
+}
+
+void TamDockablePane::DoClose()
+{
+    HidePane();
+}
+
+bool TamDockablePane::UndockPane()
+{
+    return m_pManager && m_pManager->TakeOut(*this);
+}
+
+bool TamDockablePane::FloatAt(const CRectangle& rect)
+{
+    if (!m_pManager)
+        return false;
+    m_pManager->Unpin(*this);
+    m_pManager->TakeOut(*this);
+    DropMiniFrame();
+    m_pManager->RecalcLayout();
+    auto frame = std::make_unique<TamPaneFrameWnd>(*this);
+    if (!frame->Create(rect, m_pManager->GetHost()->GetParent()))
+        return false;
+    const TamSize size = frame->GetClientSize();
+    if (!Remake(frame.get(), CRectangle(0, 0, size.Width(), size.Height())))
+        return false;
+    m_pMiniFrame = frame.release();
+    m_aRecentFloat = m_pMiniFrame->GetWindowRect();
+    m_eState = State::Floating;
+    m_aWnd.ShowWindow(SW_SHOW);
+    m_pMiniFrame->ShowWindow(SW_SHOW);
+    FitLibraryWindow();
+    return true;
+}
+
+void TamDockablePane::DropMiniFrame()
+{
+    if (!m_pMiniFrame)
+        return;
+    m_aRecentFloat = m_pMiniFrame->GetWindowRect();
+    TamPaneFrameWnd* frame = m_pMiniFrame;
+    m_pMiniFrame = nullptr;
+    delete frame; // destroys the pane's native window with it
+    if (m_pManager)
+        Remake(m_pManager->GetHost(), CRectangle(0, 0, 0, 0));
+    if (m_eState == State::Floating)
+        m_eState = State::Hidden;
+}
+
+uint32_t TamDockablePane::GetCurrentAlignment() const
+{
+    if (!m_pManager)
+        return 0;
+    if (IsAutoHidden())
+        return m_aRecentDock.nAlign;
+    const LayoutPane* pane = m_pManager->m_pModel->FindPane(m_sName);
+    if (!pane)
+        return 0;
+    const LayoutNode* root = pane->GetNode();
+    while (root->GetParent())
+        root = root->GetParent();
+    const LayoutModel& model = *m_pManager->m_pModel;
+    for (size_t k = 0; k < model.GetBandCount(); ++k) {
+        if (model.GetBand(k).pRoot.get() == root)
+            return LayoutAlignOfEdge(model.GetBand(k).eEdge);
+    }
+    return 0;
+}
+
+bool TamDockablePane::SetAutoHideMode(bool autoHide)
+{
+    if (!m_pManager || autoHide == IsAutoHidden())
+        return false;
+    return autoHide ? m_pManager->PinOff(*this) : m_pManager->PinBack(*this);
+}
+
+} // namespace vesk
