@@ -15,13 +15,6 @@
 #include <functional>
 #include <string>
 
-// The panes' captions draw text: fontconfig keeps its font sets for the life of the process in
-// memory that the leak checker cannot trace through its cache files; not the library's blocks.
-extern "C" const char* __lsan_default_suppressions()
-{
-    return "leak:libfontconfig.so\n";
-}
-
 namespace vesk::test {
 namespace {
 

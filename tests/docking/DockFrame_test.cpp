@@ -2,13 +2,6 @@
 // hiding, dock sites and print preview.
 #include "DockFrameFixture.hpp"
 
-// The captions draw text: fontconfig keeps its font sets for the life of the process in memory
-// that the leak checker cannot trace through its cache files; those blocks are not the library's.
-extern "C" const char* __lsan_default_suppressions()
-{
-    return "leak:libfontconfig.so\n";
-}
-
 namespace vesk::test {
 namespace {
 

@@ -6,13 +6,6 @@
 
 #include <gtest/gtest.h>
 
-// fontconfig keeps its font sets for the life of the process in memory that the leak checker
-// cannot trace through its cache files; those blocks are not the library's.
-extern "C" const char* __lsan_default_suppressions()
-{
-    return "leak:libfontconfig.so\n";
-}
-
 namespace vesk {
 namespace {
 
