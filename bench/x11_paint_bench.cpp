@@ -46,10 +46,10 @@ void BM_X11Repaint(benchmark::State& state)
         state.SkipWithError("Xvfb did not start");
         return;
     }
-    display::WindowSpec spec;
-    spec.width = kWidth;
-    spec.height = kHeight;
-    NativeWindow window = backend->CreateWindow(spec);
+    display::WindowParams params;
+    params.width = kWidth;
+    params.height = kHeight;
+    NativeWindow window = backend->CreateWindow(params);
     backend->Show(window, display::ShowCommand::Normal);
     int round = 0;
     for (auto _ : state) {

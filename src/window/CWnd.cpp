@@ -24,16 +24,16 @@ bool CWnd::Create(WndKind kind, CWnd* parent, const TamPoint& pos, const TamSize
 {
     if (m_hWnd || (kind == WndKind::Child && (!parent || !parent->m_hWnd)))
         return false;
-    display::WindowSpec spec;
-    spec.kind = static_cast<display::WindowKind>(kind);
-    spec.parent = parent ? parent->m_hWnd : nullptr;
-    spec.x = pos.x;
-    spec.y = pos.y;
-    spec.width = clientSize.Width();
-    spec.height = clientSize.Height();
-    spec.title = utf8Title ? utf8Title : "";
+    display::WindowParams params;
+    params.kind = static_cast<display::WindowKind>(kind);
+    params.parent = parent ? parent->m_hWnd : nullptr;
+    params.x = pos.x;
+    params.y = pos.y;
+    params.width = clientSize.Width();
+    params.height = clientSize.Height();
+    params.title = utf8Title ? utf8Title : "";
     WindowSystem& system = WindowSystem::Get();
-    const NativeWindow window = system.Backend().CreateWindow(spec);
+    const NativeWindow window = system.Backend().CreateWindow(params);
     if (!window)
         return false;
     m_eKind = kind;

@@ -134,13 +134,13 @@ protected:
     // A top-level window (client box at x, y on the screen), shown and painted once.
     NativeWindow ShowWindow(int32_t x, int32_t y, int32_t width, int32_t height, const std::string& title = "test")
     {
-        display::WindowSpec spec;
-        spec.x = x;
-        spec.y = y;
-        spec.width = width;
-        spec.height = height;
-        spec.title = title;
-        NativeWindow window = m_backend->CreateWindow(spec);
+        display::WindowParams params;
+        params.x = x;
+        params.y = y;
+        params.width = width;
+        params.height = height;
+        params.title = title;
+        NativeWindow window = m_backend->CreateWindow(params);
         EXPECT_NE(window, nullptr);
         m_windows.push_back(window);
         m_backend->Show(window, display::ShowCommand::Normal);

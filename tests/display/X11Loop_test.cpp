@@ -49,9 +49,9 @@ TEST(X11Gone, ServerGoingAwayEndsTheLoopWithoutHanging)
     ASSERT_TRUE(server);
     std::unique_ptr<DisplayBackend> backend = CreateX11Backend(server->Display().c_str());
     ASSERT_TRUE(backend);
-    WindowSpec spec;
-    spec.width = spec.height = 50;
-    NativeWindow window = backend->CreateWindow(spec);
+    WindowParams params;
+    params.width = params.height = 50;
+    NativeWindow window = backend->CreateWindow(params);
     backend->Show(window, ShowCommand::Normal);
     EXPECT_TRUE(backend->WaitEvents(1000));
     EXPECT_TRUE(backend->DispatchEvents());
@@ -72,7 +72,7 @@ TEST(X11Gone, ServerGoingAwayEndsTheLoopWithoutHanging)
     backend->SetTitle(window, "gone");
     backend->Show(window, ShowCommand::Maximised);
     EXPECT_EQ(backend->GetFocus(), nullptr);
-    EXPECT_FALSE(backend->CreateWindow(spec));
+    EXPECT_FALSE(backend->CreateWindow(params));
     backend->DestroyWindow(window);
     EXPECT_EQ(backend->WindowCount(), 0u);
 }

@@ -102,12 +102,12 @@ TEST_F(X11Paint, ComparisonSeesOneChangedPixel)
 
 TEST_F(X11Paint, ScreenshotEqualsTheSceneInAnImageSurface)
 {
-    WindowSpec spec;
-    spec.x = 20;
-    spec.y = 30;
-    spec.width = 160;
-    spec.height = 120;
-    NativeWindow window = m_backend->CreateWindow(spec);
+    WindowParams params;
+    params.x = 20;
+    params.y = 30;
+    params.width = 160;
+    params.height = 120;
+    NativeWindow window = m_backend->CreateWindow(params);
     m_windows.push_back(window);
     PaintWith(window, Scene);
     m_backend->Show(window, ShowCommand::Normal);

@@ -11,14 +11,14 @@ class X11Windows : public X11Fixture {
 protected:
     NativeWindow Create(WindowKind kind, NativeWindow parent, int32_t x, int32_t y, int32_t width, int32_t height)
     {
-        WindowSpec spec;
-        spec.kind = kind;
-        spec.parent = parent;
-        spec.x = x;
-        spec.y = y;
-        spec.width = width;
-        spec.height = height;
-        NativeWindow window = m_backend->CreateWindow(spec);
+        WindowParams params;
+        params.kind = kind;
+        params.parent = parent;
+        params.x = x;
+        params.y = y;
+        params.width = width;
+        params.height = height;
+        NativeWindow window = m_backend->CreateWindow(params);
         SyncBackend(); // the server has the window and its properties before another client looks
         return window;
     }
@@ -178,10 +178,10 @@ private:
 TEST_F(X11Windows, StateChangesAreRequestsToAWindowManager)
 {
     FakeWindowManager manager(s_server->Display());
-    WindowSpec spec;
-    spec.x = spec.y = 10;
-    spec.width = spec.height = 100;
-    NativeWindow window = m_backend->CreateWindow(spec);
+    WindowParams params;
+    params.x = params.y = 10;
+    params.width = params.height = 100;
+    NativeWindow window = m_backend->CreateWindow(params);
     m_windows.push_back(window);
 
     // Before mapping, the states are properties the manager reads when it maps the window.

@@ -24,7 +24,7 @@ enum class ShowCommand : uint8_t { Hide = 0, Normal = 1, Minimised = 2, Maximise
 
 enum class CursorShape : uint8_t { Arrow, Wait, IBeam, Cross, Hand, SizeWE, SizeNS, SizeAll, No };
 
-struct WindowSpec
+struct WindowParams
 {
     WindowKind kind = WindowKind::TopLevel;
     NativeWindow parent = nullptr; // owner of a popup, parent of a child
@@ -80,7 +80,7 @@ public:
     virtual void SetWindowProcedure(WindowProcedure procedure) = 0;
 
     // Null when the window cannot be made. Destroying delivers WM_DESTROY (2) first.
-    virtual NativeWindow CreateWindow(const WindowSpec& spec) = 0;
+    virtual NativeWindow CreateWindow(const WindowParams& params) = 0;
     virtual void DestroyWindow(NativeWindow window) = 0;
     virtual bool IsWindow(NativeWindow window) const = 0;
     virtual size_t WindowCount() const = 0;

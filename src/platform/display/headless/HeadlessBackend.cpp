@@ -57,19 +57,19 @@ void HeadlessBackend::SetWindowProcedure(WindowProcedure procedure)
     m_pProcedure = procedure;
 }
 
-NativeWindow HeadlessBackend::CreateWindow(const WindowSpec& spec)
+NativeWindow HeadlessBackend::CreateWindow(const WindowParams& params)
 {
     std::lock_guard lock(m_aMutex);
-    if (spec.kind == WindowKind::Child && !m_aWindows.count(reinterpret_cast<uintptr_t>(spec.parent)))
+    if (params.kind == WindowKind::Child && !m_aWindows.count(reinterpret_cast<uintptr_t>(params.parent)))
         return nullptr;
     auto w = std::make_shared<HWindow>();
-    w->kind = spec.kind;
-    w->parent = m_aWindows.count(reinterpret_cast<uintptr_t>(spec.parent)) ? spec.parent : nullptr;
-    w->x = spec.x;
-    w->y = spec.y;
-    w->width = ClampSide(spec.width);
-    w->height = ClampSide(spec.height);
-    w->title = spec.title;
+    w->kind = params.kind;
+    w->parent = m_aWindows.count(reinterpret_cast<uintptr_t>(params.parent)) ? params.parent : nullptr;
+    w->x = params.x;
+    w->y = params.y;
+    w->width = ClampSide(params.width);
+    w->height = ClampSide(params.height);
+    w->title = params.title;
     w->surface = NewSurface(w->width, w->height);
     const uintptr_t id = m_nNextHandle++;
     m_aWindows.emplace(id, std::move(w));

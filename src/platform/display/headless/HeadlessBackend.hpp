@@ -38,7 +38,7 @@ public:
 
     const char* Name() const override { return "headless"; }
     void SetWindowProcedure(WindowProcedure procedure) override;
-    NativeWindow CreateWindow(const WindowSpec& spec) override;
+    NativeWindow CreateWindow(const WindowParams& params) override;
     void DestroyWindow(NativeWindow window) override;
     bool IsWindow(NativeWindow window) const override;
     size_t WindowCount() const override;

@@ -65,41 +65,41 @@ void X11Backend::Send(xcb_window_t id, uint32_t message, WParam wParam, LParam l
         procedure(ToHandle(id), message, wParam, lParam);
 }
 
-NativeWindow X11Backend::CreateWindow(const WindowSpec& spec)
+NativeWindow X11Backend::CreateWindow(const WindowParams& params)
 {
     xcb_connection_t* xcb = m_connection->Xcb();
     if (m_connection->Broken())
         return nullptr;
     auto record = std::make_shared<WindowRecord>();
-    record->kind = spec.kind;
+    record->kind = params.kind;
     xcb_window_t parent = m_connection->Root();
-    if (spec.parent) {
-        std::shared_ptr<WindowRecord> related = Find(spec.parent);
+    if (params.parent) {
+        std::shared_ptr<WindowRecord> related = Find(params.parent);
         if (!related)
             return nullptr;
         record->parent = related->id;
-        if (spec.kind == WindowKind::Child)
+        if (params.kind == WindowKind::Child)
             parent = related->id;
-    } else if (spec.kind == WindowKind::Child) {
+    } else if (params.kind == WindowKind::Child) {
         return nullptr;
     }
-    record->x = spec.x;
-    record->y = spec.y;
-    record->width = ClampSize(spec.width);
-    record->height = ClampSize(spec.height);
+    record->x = params.x;
+    record->y = params.y;
+    record->width = ClampSize(params.width);
+    record->height = ClampSize(params.height);
     record->id = xcb_generate_id(xcb);
     record->reported = {record->x, record->y, record->x + record->width, record->y + record->height};
 
     // Value order follows the mask bits: background, bit gravity, override-redirect, events.
     uint32_t values[] = {m_connection->Screen()->white_pixel, XCB_GRAVITY_NORTH_WEST,
-                         spec.kind == WindowKind::Popup ? 1u : 0u, kEventMask};
-    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, record->id, parent, static_cast<int16_t>(spec.x),
-                      static_cast<int16_t>(spec.y), static_cast<uint16_t>(record->width),
+                         params.kind == WindowKind::Popup ? 1u : 0u, kEventMask};
+    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, record->id, parent, static_cast<int16_t>(params.x),
+                      static_cast<int16_t>(params.y), static_cast<uint16_t>(record->width),
                       static_cast<uint16_t>(record->height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
                       m_connection->Screen()->root_visual,
                       XCB_CW_BACK_PIXEL | XCB_CW_BIT_GRAVITY | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
-    if (spec.kind != WindowKind::Child)
-        InitTopLevelProperties(*m_connection, *record, spec.title);
+    if (params.kind != WindowKind::Child)
+        InitTopLevelProperties(*m_connection, *record, params.title);
     ResizeBuffer(*record, record->width, record->height);
     {
         std::lock_guard lock(m_mutex);

@@ -68,7 +68,7 @@ public:
     const char* Name() const override { return "x11"; }
     void SetWindowProcedure(WindowProcedure procedure) override { m_procedure.store(procedure); }
 
-    NativeWindow CreateWindow(const WindowSpec& spec) override;
+    NativeWindow CreateWindow(const WindowParams& params) override;
     void DestroyWindow(NativeWindow window) override;
     bool IsWindow(NativeWindow window) const override;
     size_t WindowCount() const override;
