@@ -6,7 +6,6 @@
 
 #include <vesk/files/DirEntry.hpp>
 
-#include <cairo.h>
 
 #include <chrono>
 #include <fstream>
@@ -55,22 +54,11 @@ protected:
         frame.DestroyWindow();
         WindowTest::TearDown();
     }
-    // Pixel (x, y) of what `window` shows, as 0xAARRGGBB.
-    static uint32_t Pixel(NativeWindow window, int x, int y)
-    {
-        cairo_surface_t* shot = Headless().Snapshot(window);
-        if (!shot)
-            return 0;
-        const unsigned char* data = cairo_image_surface_get_data(shot);
-        const uint32_t p = reinterpret_cast<const uint32_t*>(data + y * cairo_image_surface_get_stride(shot))[x];
-        cairo_surface_destroy(shot);
-        return p;
-    }
     // Waits (pumping messages) until the pixel shows `argb`; false after two seconds.
     static bool WaitForPixel(NativeWindow window, int x, int y, uint32_t argb)
     {
         const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(2);
-        while (Pixel(window, x, y) != argb) {
+        while (ShownPixel(window, x, y) != argb) {
             if (std::chrono::steady_clock::now() > end)
                 return false;
             PumpMessages();
@@ -99,10 +87,10 @@ TEST_F(AnimatedGifTest, SizedToTheFirstFramePaintedWithItsBorder)
     wnd->ShowWindow(SW_SHOW);
     PumpMessages();
     const NativeWindow h = anim.GetHandle();
-    EXPECT_EQ(Pixel(h, 0, 0), 0xFF808080u); // sunken: dark on the top and left
-    EXPECT_EQ(Pixel(h, 7, 5), 0xFFFFFFFFu);
-    EXPECT_EQ(Pixel(h, 2, 2), 0xFF282828u); // the first frame, grey 40
-    EXPECT_EQ(Pixel(h, 5, 3), 0xFF282828u);
+    EXPECT_EQ(ShownPixel(h, 0, 0), 0xFF808080u); // sunken: dark on the top and left
+    EXPECT_EQ(ShownPixel(h, 7, 5), 0xFFFFFFFFu);
+    EXPECT_EQ(ShownPixel(h, 2, 2), 0xFF282828u); // the first frame, grey 40
+    EXPECT_EQ(ShownPixel(h, 5, 3), 0xFF282828u);
 }
 
 TEST_F(AnimatedGifTest, PlaysIntoTheWindowFromItsThreadAndStops)

@@ -30,18 +30,7 @@ protected:
         wnd.DestroyWindow();
         WindowTest::TearDown();
     }
-    // Pixel (x, y) of what the window shows, as 0xAARRGGBB.
-    uint32_t Pixel(int x, int y)
-    {
-        cairo_surface_t* shot = Headless().Snapshot(h);
-        EXPECT_NE(shot, nullptr);
-        if (!shot)
-            return 0;
-        const unsigned char* data = cairo_image_surface_get_data(shot);
-        const uint32_t p = reinterpret_cast<const uint32_t*>(data + y * cairo_image_surface_get_stride(shot))[x];
-        cairo_surface_destroy(shot);
-        return p;
-    }
+    uint32_t Pixel(int x, int y) { return ShownPixel(h, x, y); }
 
     RecordingWnd wnd;
     ProbeWindow win;

@@ -8,6 +8,7 @@
 #include <vesk/frame.hpp>
 #include <vesk/window.hpp>
 
+#include <cairo.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -23,6 +24,18 @@ inline display::HeadlessBackend& Headless()
         return dynamic_cast<display::HeadlessBackend*>(&display::GetDisplayBackend());
     }();
     return *backend;
+}
+
+// Pixel (x, y) of what `window` shows, as 0xAARRGGBB; 0 when it shows nothing.
+inline uint32_t ShownPixel(NativeWindow window, int x, int y)
+{
+    cairo_surface_t* shot = Headless().Snapshot(window);
+    if (!shot)
+        return 0;
+    const unsigned char* data = cairo_image_surface_get_data(shot);
+    const uint32_t p = reinterpret_cast<const uint32_t*>(data + y * cairo_image_surface_get_stride(shot))[x];
+    cairo_surface_destroy(shot);
+    return p;
 }
 
 class WindowTest : public ::testing::Test

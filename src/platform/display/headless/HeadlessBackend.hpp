@@ -6,13 +6,13 @@
 // window for repainting, and destroying a window destroys its children and owned popups.
 
 #include "platform/display/DisplayBackend.hpp"
+#include "platform/display/SurfaceLoans.hpp"
 
 #include <condition_variable>
 #include <deque>
 #include <map>
 #include <memory>
 #include <mutex>
-#include <unordered_map>
 
 namespace vesk::display {
 
@@ -114,13 +114,13 @@ private:
     NativeWindow TopLevelLocked(NativeWindow window) const;
     WindowBox GetBoxLocked(const HWindow& w) const;
 
+    SurfaceLoans<HWindow> m_aLoans;
     mutable std::mutex m_aMutex; // windows, queue, focus, message boxes
     std::condition_variable m_aWakeUp;
     bool m_bWoken = false;
     std::map<uintptr_t, WindowPtr> m_aWindows;
     uintptr_t m_nNextHandle = 1;
     std::deque<Event> m_aQueue;
-    std::unordered_multimap<cairo_surface_t*, WindowPtr> m_aLent; // surfaces handed out
     WindowProcedure m_pProcedure = nullptr;
     NativeWindow m_hFocus = nullptr;
     NativeWindow m_hCapture = nullptr;

@@ -41,35 +41,13 @@ void HeadlessBackend::Invalidate(NativeWindow window, const WindowBox* box)
 cairo_surface_t* HeadlessBackend::GetSurface(NativeWindow window)
 {
     WindowPtr w = Find(window);
-    if (!w)
-        return nullptr;
-    w->paintLock.lock();
-    if (w->dead) {
-        w->paintLock.unlock();
-        return nullptr;
-    }
-    cairo_surface_t* surface = cairo_surface_reference(w->surface);
-    std::lock_guard lock(m_aMutex);
-    m_aLent.emplace(surface, w);
-    return surface;
+    return w ? m_aLoans.Lend(w, [](HWindow& r) { return r.dead ? nullptr : r.surface; }) : nullptr;
 }
 
-// Found by the surface, not the handle: the window may have been destroyed while its surface
-// was out (a window destroyed in its own paint handler), and its lock must still be freed.
 void HeadlessBackend::ReleaseSurface(NativeWindow, cairo_surface_t* surface)
 {
-    WindowPtr w;
-    {
-        std::lock_guard lock(m_aMutex);
-        auto it = m_aLent.find(surface);
-        if (it == m_aLent.end())
-            return;
-        w = std::move(it->second);
-        m_aLent.erase(it);
-    }
-    cairo_surface_flush(surface);
-    cairo_surface_destroy(surface);
-    w->paintLock.unlock();
+    if (WindowPtr w = m_aLoans.TakeBack(surface))
+        w->paintLock.unlock();
 }
 
 cairo_surface_t* HeadlessBackend::BeginPaint(NativeWindow window, WindowBox& dirty)

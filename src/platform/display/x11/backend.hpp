@@ -4,6 +4,7 @@
 // The handle of a window is its X window id.
 
 #include "platform/display/DisplayBackend.hpp"
+#include "platform/display/SurfaceLoans.hpp"
 #include "platform/display/x11/connection.hpp"
 #include "platform/display/x11/cursors.hpp"
 #include "platform/display/x11/keymap.hpp"
@@ -119,7 +120,6 @@ private:
     void Exposed(xcb_window_t id, const WindowBox& box);
     // Hands out the window's back buffer with its paint lock held, and takes it back.
     cairo_surface_t* Lend(const std::shared_ptr<WindowRecord>& record);
-    std::shared_ptr<WindowRecord> TakeBack(cairo_surface_t* surface);
 
     // Events (events.cpp).
     void PullEvents();
@@ -147,8 +147,7 @@ private:
     std::atomic<bool> m_paintPending{false};
     cairo_device_t* m_cairoDevice = nullptr; // the connection as Cairo knows it, finished before closing; m_mutex
 
-    std::mutex m_lentMutex; // guards the surfaces handed out, with the windows they belong to
-    std::multimap<cairo_surface_t*, std::shared_ptr<WindowRecord>> m_lent;
+    SurfaceLoans<WindowRecord> m_loans;
 
     // Dispatching state, UI thread only.
     std::bitset<256> m_keysDown;

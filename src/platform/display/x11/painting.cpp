@@ -82,30 +82,7 @@ void X11Backend::Exposed(xcb_window_t id, const WindowBox& box)
 
 cairo_surface_t* X11Backend::Lend(const std::shared_ptr<WindowRecord>& record)
 {
-    record->paintLock.lock();
-    if (!record->buffer) {
-        record->paintLock.unlock();
-        return nullptr;
-    }
-    cairo_surface_t* surface = cairo_surface_reference(record->buffer);
-    std::lock_guard lock(m_lentMutex);
-    m_lent.emplace(surface, record);
-    return surface;
-}
-
-std::shared_ptr<WindowRecord> X11Backend::TakeBack(cairo_surface_t* surface)
-{
-    std::shared_ptr<WindowRecord> record;
-    {
-        std::lock_guard lock(m_lentMutex);
-        auto it = m_lent.find(surface);
-        if (it == m_lent.end())
-            return nullptr;
-        record = std::move(it->second);
-        m_lent.erase(it);
-    }
-    cairo_surface_destroy(surface);
-    return record;
+    return m_loans.Lend(record, [](WindowRecord& r) { return r.buffer; });
 }
 
 cairo_surface_t* X11Backend::BeginPaint(NativeWindow window, WindowBox& dirty)
@@ -127,7 +104,7 @@ cairo_surface_t* X11Backend::BeginPaint(NativeWindow window, WindowBox& dirty)
 
 void X11Backend::EndPaint(NativeWindow, cairo_surface_t* surface)
 {
-    std::shared_ptr<WindowRecord> record = TakeBack(surface);
+    std::shared_ptr<WindowRecord> record = m_loans.TakeBack(surface);
     if (!record)
         return;
     WindowBox box;
@@ -148,7 +125,7 @@ cairo_surface_t* X11Backend::GetSurface(NativeWindow window)
 
 void X11Backend::ReleaseSurface(NativeWindow, cairo_surface_t* surface)
 {
-    std::shared_ptr<WindowRecord> record = TakeBack(surface);
+    std::shared_ptr<WindowRecord> record = m_loans.TakeBack(surface);
     if (!record)
         return;
     WindowBox box;
