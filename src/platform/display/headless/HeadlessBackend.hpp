@@ -6,6 +6,7 @@
 // window for repainting, and destroying a window destroys its children and owned popups.
 
 #include "platform/display/DisplayBackend.hpp"
+#include "platform/display/DoubleClick.hpp"
 #include "platform/display/SurfaceLoans.hpp"
 
 #include <condition_variable>
@@ -126,14 +127,7 @@ private:
     NativeWindow m_hCapture = nullptr;
     NativeWindow m_hPointer = nullptr; // window under the pointer
     uint32_t m_nButtons = 0;           // MK_ bits of the buttons held
-    struct LastClick
-    {
-        NativeWindow window = nullptr;
-        uint32_t message = 0;
-        int32_t x = 0, y = 0;
-        int64_t time = 0; // milliseconds
-        bool pending = false;
-    } m_aLastClick;
+    DoubleClick m_aClicks;
     std::vector<MessageBoxRecord> m_aMessageBoxes;
 };
 

@@ -6,7 +6,6 @@
 #include <vesk/frame/WinMessages.hpp>
 
 #include <chrono>
-#include <cstdlib>
 
 namespace vesk::display {
 
@@ -14,8 +13,6 @@ namespace {
 
 constexpr uint32_t BUTTON_BITS[3] = {MK_LBUTTON, MK_RBUTTON, MK_MBUTTON};
 constexpr uint32_t BUTTON_DOWN[3] = {WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN};
-constexpr int DOUBLE_CLICK_MS = 500;
-constexpr int DOUBLE_CLICK_SLOP = 2;
 
 int64_t NowMs()
 {
@@ -87,18 +84,8 @@ void HeadlessBackend::InjectMouseButton(NativeWindow window, MouseButton button,
     if (down) {
         m_nButtons |= BUTTON_BITS[b];
         message = BUTTON_DOWN[b];
-        // The second press of a button close by in place and time is a double click (the
-        // message after the press is the double-click one, not a third press).
-        const int64_t now = NowMs();
-        LastClick& last = m_aLastClick;
-        if (last.pending && last.window == window && last.message == message &&
-            now - last.time <= DOUBLE_CLICK_MS && std::abs(x - last.x) <= DOUBLE_CLICK_SLOP &&
-            std::abs(y - last.y) <= DOUBLE_CLICK_SLOP) {
-            message += 2;
-            last.pending = false;
-        } else {
-            last = {window, message, x, y, now, true};
-        }
+        if (m_aClicks.Press(reinterpret_cast<uintptr_t>(window), message, uint32_t(NowMs()), x, y))
+            message += 2; // the double-click message
     } else {
         m_nButtons &= ~BUTTON_BITS[b];
         message = BUTTON_DOWN[b] + 1;

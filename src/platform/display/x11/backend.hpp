@@ -4,6 +4,7 @@
 // The handle of a window is its X window id.
 
 #include "platform/display/DisplayBackend.hpp"
+#include "platform/display/DoubleClick.hpp"
 #include "platform/display/SurfaceLoans.hpp"
 #include "platform/display/x11/connection.hpp"
 #include "platform/display/x11/cursors.hpp"
@@ -151,13 +152,7 @@ private:
 
     // Dispatching state, UI thread only.
     std::bitset<256> m_keysDown;
-    struct Click
-    {
-        xcb_window_t window = XCB_NONE;
-        uint8_t button = 0;
-        xcb_timestamp_t time = 0;
-        int32_t x = 0, y = 0;
-    } m_lastClick;
+    DoubleClick m_clicks;
 };
 
 } // namespace vesk::display::x11

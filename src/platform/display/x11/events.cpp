@@ -2,15 +2,9 @@
 #include "platform/display/x11/backend.hpp"
 #include "platform/display/x11/properties.hpp"
 
-#include <cstdlib>
-
 namespace vesk::display::x11 {
 
 namespace {
-
-// Two presses of a button within this time and distance make a double click.
-constexpr xcb_timestamp_t kDoubleClickMs = 500;
-constexpr int32_t kDoubleClickSlop = 2;
 
 uint32_t MouseKeyState(uint16_t state)
 {
@@ -251,12 +245,7 @@ void X11Backend::OnButton(const xcb_button_press_event_t& event, bool pressed)
         Send(event.event, button->up, wParam, lParam);
         return;
     }
-    Click& last = m_lastClick;
-    bool doubleClick = last.window == event.event && last.button == event.detail
-        && event.time - last.time <= kDoubleClickMs && std::abs(event.event_x - last.x) <= kDoubleClickSlop
-        && std::abs(event.event_y - last.y) <= kDoubleClickSlop;
-    // A double click ends the sequence: a third press starts a new one.
-    last = doubleClick ? Click{} : Click{event.event, event.detail, event.time, event.event_x, event.event_y};
+    const bool doubleClick = m_clicks.Press(event.event, event.detail, event.time, event.event_x, event.event_y);
     Send(event.event, doubleClick ? button->doubleClick : button->down, wParam, lParam);
 }
 
