@@ -30,6 +30,25 @@ void FillAndStroke(DeviceGraphics& g, const CRectangle& bounds, bool fill)
     cairo_new_path(cr);
 }
 
+// Fills the shape over the whole box with the brush, then strokes its outline through the
+// pixel centres just inside, so the pen's pixels fall within the box.
+template <class ShapePath>
+void FillAndOutline(OutputDevice& device, const CRectangle& r, ShapePath path)
+{
+    DeviceGraphics g(device);
+    Box b;
+    if (!g || !ToBox(r, b))
+        return;
+    path(g.cr(), b.x, b.y, b.w, b.h);
+    cairo_save(g.cr());
+    if (SetBrushSource(g.cr(), g.brush() ? *g.brush() : Brush(TamColor()), r))
+        cairo_fill(g.cr());
+    cairo_restore(g.cr());
+    cairo_new_path(g.cr());
+    path(g.cr(), b.x + 0.5, b.y + 0.5, b.w - 1, b.h - 1);
+    FillAndStroke(g, r, false);
+}
+
 double Angle(const Box& b, const TamPoint& p)
 {
     const double cx = b.x + b.w / 2, cy = b.y + b.h / 2;
@@ -66,18 +85,7 @@ void OutputDevice::DrawLine(const TamPoint& from, const TamPoint& to)
 
 void OutputDevice::DrawRect(const CRectangle& r)
 {
-    DeviceGraphics g(*this);
-    Box b;
-    if (!g || !ToBox(r, b))
-        return;
-    cairo_rectangle(g.cr(), b.x, b.y, b.w, b.h);
-    cairo_save(g.cr());
-    if (SetBrushSource(g.cr(), g.brush() ? *g.brush() : Brush(TamColor()), r))
-        cairo_fill(g.cr());
-    cairo_restore(g.cr());
-    cairo_new_path(g.cr());
-    cairo_rectangle(g.cr(), b.x + 0.5, b.y + 0.5, b.w - 1, b.h - 1);
-    FillAndStroke(g, r, false);
+    FillAndOutline(*this, r, [](cairo_t* cr, double x, double y, double w, double h) { cairo_rectangle(cr, x, y, w, h); });
 }
 
 void OutputDevice::DrawFrame(const CRectangle& r)
@@ -92,18 +100,7 @@ void OutputDevice::DrawFrame(const CRectangle& r)
 
 void OutputDevice::DrawEllipse(const CRectangle& r)
 {
-    DeviceGraphics g(*this);
-    Box b;
-    if (!g || !ToBox(r, b))
-        return;
-    EllipsePath(g.cr(), b.x, b.y, b.w, b.h);
-    cairo_save(g.cr());
-    if (SetBrushSource(g.cr(), g.brush() ? *g.brush() : Brush(TamColor()), r))
-        cairo_fill(g.cr());
-    cairo_restore(g.cr());
-    cairo_new_path(g.cr());
-    EllipsePath(g.cr(), b.x + 0.5, b.y + 0.5, b.w - 1, b.h - 1);
-    FillAndStroke(g, r, false);
+    FillAndOutline(*this, r, EllipsePath);
 }
 
 void OutputDevice::DrawArc(const CRectangle& r, const TamPoint& start, const TamPoint& end)
