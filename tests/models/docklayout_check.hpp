@@ -5,6 +5,8 @@
 // as written, by design. Shared by the fuzz target and the docking tests.
 #pragma once
 
+#include "models/databuffer_input.hpp"
+
 #include <vesk/docking.hpp>
 
 #include <cstddef>
@@ -17,13 +19,7 @@ namespace docklayout_check {
 // Records read from one input, one after the other.
 inline constexpr int MAX_RECORDS = 8;
 
-inline vesk::DataBuffer BufferOf(const uint8_t* data, size_t size)
-{
-    vesk::DataBuffer buffer;
-    buffer.WriteBytes(data, static_cast<int32_t>(size));
-    buffer.SetPos(vesk::DATABUFFER_CONTENT_START);
-    return buffer;
-}
+using databuffer_input::BufferOf;
 
 inline std::vector<uint8_t> Written(const vesk::DockElement& el)
 {

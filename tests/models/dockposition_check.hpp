@@ -3,6 +3,8 @@
 // the fuzz target and the docking tests.
 #pragma once
 
+#include "models/databuffer_input.hpp"
+
 #include <vesk/docking.hpp>
 
 #include <cstddef>
@@ -14,14 +16,7 @@ namespace dockposition_check {
 // Positions read from one input, one after the other.
 inline constexpr int MAX_RECORDS = 16;
 
-// The content `data` in a buffer, its cursor on the first content byte.
-inline vesk::DataBuffer BufferOf(const uint8_t* data, size_t size)
-{
-    vesk::DataBuffer buffer;
-    buffer.WriteBytes(data, static_cast<int32_t>(size));
-    buffer.SetPos(vesk::DATABUFFER_CONTENT_START);
-    return buffer;
-}
+using databuffer_input::BufferOf;
 
 // Writes `p` and reads the record into a copy of `base`; false, with `failed` set, when the
 // read fails, differs from `p` or writes different bytes.
