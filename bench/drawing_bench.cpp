@@ -42,6 +42,20 @@ struct Raw
     cairo_t* cr;
 };
 
+// Times one raw Cairo drawing per iteration, between a save and a restore of the context's state.
+template <class Draw>
+void RawLoop(benchmark::State& state, cairo_antialias_t antialias, Draw draw)
+{
+    Raw r;
+    for (auto _ : state) {
+        cairo_save(r.cr);
+        cairo_set_antialias(r.cr, antialias);
+        draw(r.cr);
+        cairo_restore(r.cr);
+        benchmark::DoNotOptimize(cairo_status(r.cr));
+    }
+}
+
 void VeskLineHQ(benchmark::State& state)
 {
     VirtualDevice d(TamSize(kSide, kSide));
@@ -52,19 +66,14 @@ void VeskLineHQ(benchmark::State& state)
 
 void RawLineHQ(benchmark::State& state)
 {
-    Raw r;
-    for (auto _ : state) {
-        cairo_save(r.cr);
-        cairo_set_antialias(r.cr, CAIRO_ANTIALIAS_BEST);
-        cairo_set_source_rgba(r.cr, 0, 0, 1, 1);
-        cairo_set_line_width(r.cr, 2);
-        cairo_set_line_cap(r.cr, CAIRO_LINE_CAP_ROUND);
-        cairo_move_to(r.cr, 10, 10);
-        cairo_line_to(r.cr, 240, 150);
-        cairo_stroke(r.cr);
-        cairo_restore(r.cr);
-        benchmark::DoNotOptimize(cairo_status(r.cr));
-    }
+    RawLoop(state, CAIRO_ANTIALIAS_BEST, [](cairo_t* cr) {
+        cairo_set_source_rgba(cr, 0, 0, 1, 1);
+        cairo_set_line_width(cr, 2);
+        cairo_set_line_cap(cr, CAIRO_LINE_CAP_ROUND);
+        cairo_move_to(cr, 10, 10);
+        cairo_line_to(cr, 240, 150);
+        cairo_stroke(cr);
+    });
 }
 
 void VeskRectHQ(benchmark::State& state)
@@ -77,16 +86,11 @@ void VeskRectHQ(benchmark::State& state)
 
 void RawRectHQ(benchmark::State& state)
 {
-    Raw r;
-    for (auto _ : state) {
-        cairo_save(r.cr);
-        cairo_set_antialias(r.cr, CAIRO_ANTIALIAS_NONE);
-        cairo_set_source_rgba(r.cr, 0, 0, 1, 1);
-        cairo_rectangle(r.cr, 10.5, 10.5, 190, 140);
-        cairo_fill(r.cr);
-        cairo_restore(r.cr);
-        benchmark::DoNotOptimize(cairo_status(r.cr));
-    }
+    RawLoop(state, CAIRO_ANTIALIAS_NONE, [](cairo_t* cr) {
+        cairo_set_source_rgba(cr, 0, 0, 1, 1);
+        cairo_rectangle(cr, 10.5, 10.5, 190, 140);
+        cairo_fill(cr);
+    });
 }
 
 void VeskEllipseHQ(benchmark::State& state)
@@ -99,20 +103,15 @@ void VeskEllipseHQ(benchmark::State& state)
 
 void RawEllipseHQ(benchmark::State& state)
 {
-    Raw r;
-    for (auto _ : state) {
-        cairo_save(r.cr);
-        cairo_set_antialias(r.cr, CAIRO_ANTIALIAS_NONE);
-        cairo_set_source_rgba(r.cr, 0, 1, 0, 204 / 255.0);
-        cairo_save(r.cr);
-        cairo_translate(r.cr, 125, 110);
-        cairo_scale(r.cr, 115, 90);
-        cairo_arc(r.cr, 0, 0, 1, 0, 2 * M_PI);
-        cairo_restore(r.cr);
-        cairo_fill(r.cr);
-        cairo_restore(r.cr);
-        benchmark::DoNotOptimize(cairo_status(r.cr));
-    }
+    RawLoop(state, CAIRO_ANTIALIAS_NONE, [](cairo_t* cr) {
+        cairo_set_source_rgba(cr, 0, 1, 0, 204 / 255.0);
+        cairo_save(cr);
+        cairo_translate(cr, 125, 110);
+        cairo_scale(cr, 115, 90);
+        cairo_arc(cr, 0, 0, 1, 0, 2 * M_PI);
+        cairo_restore(cr);
+        cairo_fill(cr);
+    });
 }
 
 void VeskPolygonHQ(benchmark::State& state)
@@ -128,20 +127,15 @@ void VeskPolygonHQ(benchmark::State& state)
 
 void RawPolygonHQ(benchmark::State& state)
 {
-    Raw r;
     const std::vector<FPoint> points = Star();
-    for (auto _ : state) {
-        cairo_save(r.cr);
-        cairo_set_antialias(r.cr, CAIRO_ANTIALIAS_GOOD);
-        cairo_set_source_rgba(r.cr, 1, 0, 0, 1);
+    RawLoop(state, CAIRO_ANTIALIAS_GOOD, [&](cairo_t* cr) {
+        cairo_set_source_rgba(cr, 1, 0, 0, 1);
         for (const FPoint& q : points)
-            cairo_line_to(r.cr, q.x, q.y);
-        cairo_close_path(r.cr);
-        cairo_set_fill_rule(r.cr, CAIRO_FILL_RULE_WINDING);
-        cairo_fill(r.cr);
-        cairo_restore(r.cr);
-        benchmark::DoNotOptimize(cairo_status(r.cr));
-    }
+            cairo_line_to(cr, q.x, q.y);
+        cairo_close_path(cr);
+        cairo_set_fill_rule(cr, CAIRO_FILL_RULE_WINDING);
+        cairo_fill(cr);
+    });
 }
 
 void VeskTextHQ(benchmark::State& state)
@@ -193,20 +187,15 @@ void VeskRect(benchmark::State& state)
 
 void RawRect(benchmark::State& state)
 {
-    Raw r;
-    for (auto _ : state) {
-        cairo_save(r.cr);
-        cairo_set_antialias(r.cr, CAIRO_ANTIALIAS_NONE);
-        cairo_rectangle(r.cr, 10, 10, 191, 141);
-        cairo_set_source_rgb(r.cr, 0, 1, 0);
-        cairo_fill(r.cr);
-        cairo_rectangle(r.cr, 10.5, 10.5, 190, 140);
-        cairo_set_source_rgb(r.cr, 0, 0, 0);
-        cairo_set_line_width(r.cr, 1);
-        cairo_stroke(r.cr);
-        cairo_restore(r.cr);
-        benchmark::ClobberMemory();
-    }
+    RawLoop(state, CAIRO_ANTIALIAS_NONE, [](cairo_t* cr) {
+        cairo_rectangle(cr, 10, 10, 191, 141);
+        cairo_set_source_rgb(cr, 0, 1, 0);
+        cairo_fill(cr);
+        cairo_rectangle(cr, 10.5, 10.5, 190, 140);
+        cairo_set_source_rgb(cr, 0, 0, 0);
+        cairo_set_line_width(cr, 1);
+        cairo_stroke(cr);
+    });
 }
 
 void VeskLine(benchmark::State& state)
@@ -221,18 +210,13 @@ void VeskLine(benchmark::State& state)
 
 void RawLine(benchmark::State& state)
 {
-    Raw r;
-    for (auto _ : state) {
-        cairo_save(r.cr);
-        cairo_set_antialias(r.cr, CAIRO_ANTIALIAS_NONE);
-        cairo_move_to(r.cr, 10.5, 10.5);
-        cairo_line_to(r.cr, 240.5, 150.5);
-        cairo_set_source_rgb(r.cr, 0, 0, 0);
-        cairo_set_line_width(r.cr, 1);
-        cairo_stroke(r.cr);
-        cairo_restore(r.cr);
-        benchmark::ClobberMemory();
-    }
+    RawLoop(state, CAIRO_ANTIALIAS_NONE, [](cairo_t* cr) {
+        cairo_move_to(cr, 10.5, 10.5);
+        cairo_line_to(cr, 240.5, 150.5);
+        cairo_set_source_rgb(cr, 0, 0, 0);
+        cairo_set_line_width(cr, 1);
+        cairo_stroke(cr);
+    });
 }
 
 } // namespace
