@@ -76,6 +76,14 @@ bool CWnd::MoveWindow(int32_t x, int32_t y, int32_t width, int32_t height)
     return true;
 }
 
+bool CWnd::SetParent(CWnd* parent, const TamPoint& pos)
+{
+    if (!m_hWnd || !parent || !parent->m_hWnd || !Backend().SetParent(m_hWnd, parent->m_hWnd, pos.x, pos.y))
+        return false;
+    m_pParent = parent;
+    return true;
+}
+
 bool CWnd::ShowWindow(int command)
 {
     const bool wasVisible = IsWindowVisible();

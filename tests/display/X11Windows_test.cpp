@@ -57,6 +57,27 @@ TEST_F(X11Windows, DestroyingAWindowTakesItsChildrenAndOwnedWindows)
     EXPECT_EQ(Count(window, WM_DESTROY), 1u);
 }
 
+TEST_F(X11Windows, AChildMovesToAnotherParentOnTheServer)
+{
+    NativeWindow first = ShowWindow(50, 60, 200, 100);
+    NativeWindow second = ShowWindow(300, 60, 200, 100);
+    NativeWindow child = Create(WindowKind::Child, first, 10, 20, 30, 40);
+    NativeWindow inner = Create(WindowKind::Child, child, 1, 2, 3, 4);
+    ASSERT_TRUE(child && inner);
+    m_backend->Show(child, ShowCommand::Normal);
+    ASSERT_TRUE(m_backend->SetParent(child, second, 5, 6));
+    SyncBackend();
+    EXPECT_EQ(EdgesOf(m_backend->GetWindowBox(child)), (Edges{305, 66, 335, 106})); // as the server has it
+    EXPECT_EQ(m_backend->GetShowState(child), ShowCommand::Normal);
+    EXPECT_FALSE(m_backend->SetParent(child, inner, 0, 0));
+    EXPECT_FALSE(m_backend->SetParent(second, child, 0, 0));
+    m_backend->DestroyWindow(first);
+    EXPECT_TRUE(m_backend->IsWindow(child));
+    m_backend->DestroyWindow(second);
+    EXPECT_FALSE(m_backend->IsWindow(child));
+    EXPECT_FALSE(m_backend->IsWindow(inner));
+}
+
 TEST_F(X11Windows, TitlesProtocolsAndWindowKindsAreProperties)
 {
     NativeWindow window = ShowWindow(50, 60, 200, 100, "Grüße");

@@ -85,6 +85,40 @@ TEST_F(HeadlessTest, ChildrenFollowTheirParentOnScreenAndIntoDestruction)
     EXPECT_GT(reinterpret_cast<uintptr_t>(next.GetSafeHwnd()), reinterpret_cast<uintptr_t>(childHandle));
 }
 
+TEST_F(HeadlessTest, AChildMovesToAnotherParentWithItsPictureAndChildren)
+{
+    RecordingWnd first, second, child, inner;
+    Make(first, 100, 200);
+    Make(second, 500, 600);
+    ASSERT_TRUE(child.Create(WndKind::Child, &first, TamPoint(5, 6), TamSize(10, 10)));
+    ASSERT_TRUE(inner.Create(WndKind::Child, &child, TamPoint(1, 2), TamSize(3, 3)));
+    cairo_surface_t* s = Headless().GetSurface(child.GetSafeHwnd());
+    ASSERT_NE(s, nullptr);
+    cairo_t* cr = cairo_create(s);
+    cairo_set_source_rgb(cr, 0, 0, 1);
+    cairo_paint(cr);
+    cairo_destroy(cr);
+    Headless().ReleaseSurface(child.GetSafeHwnd(), s);
+
+    ASSERT_TRUE(child.SetParent(&second, TamPoint(7, 8)));
+    EXPECT_EQ(child.GetParent(), &second);
+    EXPECT_EQ(child.GetWindowRect(), CRectangle(507, 608, 517, 618));
+    EXPECT_EQ(inner.GetWindowRect(), CRectangle(508, 610, 511, 613));
+    EXPECT_EQ(ShownPixel(child.GetSafeHwnd(), 4, 4), 0xFF0000FFu);
+    // The old parent no longer takes it along; the new one does.
+    first.DestroyWindow();
+    EXPECT_NE(child.GetSafeHwnd(), nullptr);
+    // No cycles, no top-level windows, no unknown parents.
+    EXPECT_FALSE(child.SetParent(&inner, TamPoint(0, 0)));
+    EXPECT_FALSE(child.SetParent(&child, TamPoint(0, 0)));
+    EXPECT_FALSE(second.SetParent(&child, TamPoint(0, 0)));
+    EXPECT_FALSE(child.SetParent(&first, TamPoint(0, 0)));
+    EXPECT_EQ(child.GetParent(), &second);
+    second.DestroyWindow();
+    EXPECT_EQ(child.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(inner.GetSafeHwnd(), nullptr);
+}
+
 TEST_F(HeadlessTest, MouseInputIsPackedWithKeyStateAndSignedCoordinates)
 {
     RecordingWnd w;

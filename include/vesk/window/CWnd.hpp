@@ -58,6 +58,10 @@ public:
     // Client size in pixels.
     TamSize GetClientSize() const;
     bool MoveWindow(int32_t x, int32_t y, int32_t width, int32_t height);
+    // Moves a child window into another parent at `pos` (the new parent's client coordinates),
+    // keeping its native window, contents and children. False when this is not a child, either
+    // window does not exist, or `parent` lies inside this window.
+    bool SetParent(CWnd* parent, const TamPoint& pos);
     // SW_ command; SW_SHOW shows in the current state. Returns whether it was visible.
     bool ShowWindow(int command);
     bool IsWindowVisible() const;

@@ -86,6 +86,10 @@ public:
     virtual size_t WindowCount() const = 0;
 
     virtual void MoveWindow(NativeWindow window, int32_t x, int32_t y, int32_t width, int32_t height) = 0;
+    // Moves a child window, with its contents, state and children, into `parent` at (x, y) of
+    // the new parent's client area. False when either window is unknown, the window is not a
+    // child, or `parent` is the window itself or lies inside it.
+    virtual bool SetParent(NativeWindow window, NativeWindow parent, int32_t x, int32_t y) = 0;
     virtual WindowBox GetWindowBox(NativeWindow window) const = 0;  // screen coordinates
     virtual WindowBox GetClientBox(NativeWindow window) const = 0;  // (0, 0, width, height)
     virtual void Show(NativeWindow window, ShowCommand command) = 0;

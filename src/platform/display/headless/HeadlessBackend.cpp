@@ -168,6 +168,31 @@ void HeadlessBackend::MoveWindow(NativeWindow window, int32_t x, int32_t y, int3
     }
 }
 
+bool HeadlessBackend::SetParent(NativeWindow window, NativeWindow parent, int32_t x, int32_t y)
+{
+    WindowPtr w = Find(window);
+    if (!w || !Find(parent))
+        return false;
+    std::lock_guard lock(m_aMutex);
+    if (w->kind != WindowKind::Child)
+        return false;
+    for (NativeWindow up = parent; up;) {
+        if (up == window)
+            return false; // the new parent lies inside the window
+        auto it = m_aWindows.find(reinterpret_cast<uintptr_t>(up));
+        up = it != m_aWindows.end() ? it->second->parent : nullptr;
+    }
+    w->parent = parent;
+    w->x = x;
+    w->y = y;
+    if (w->visible) {
+        const WindowBox box = GetBoxLocked(*w);
+        Queue(window, WM_MOVE, 0, MakeLParam(box.left, box.top));
+        InvalidateLocked(*w, nullptr);
+    }
+    return true;
+}
+
 WindowBox HeadlessBackend::GetBoxLocked(const HWindow& w) const
 {
     WindowBox box{w.x, w.y, w.x + w.width, w.y + w.height};

@@ -181,6 +181,30 @@ void X11Backend::MoveWindow(NativeWindow window, int32_t x, int32_t y, int32_t w
     xcb_flush(m_connection->Xcb());
 }
 
+bool X11Backend::SetParent(NativeWindow window, NativeWindow parent, int32_t x, int32_t y)
+{
+    std::shared_ptr<WindowRecord> record = Find(window);
+    std::shared_ptr<WindowRecord> into = Find(parent);
+    if (!record || !into || record->kind != WindowKind::Child)
+        return false;
+    {
+        std::lock_guard lock(m_mutex);
+        for (xcb_window_t up = into->id; up != XCB_NONE;) {
+            if (up == record->id)
+                return false; // the new parent lies inside the window
+            auto it = m_windows.find(up);
+            up = it != m_windows.end() && it->second->kind == WindowKind::Child ? it->second->parent : XCB_NONE;
+        }
+        record->parent = into->id;
+        record->x = x;
+        record->y = y;
+    }
+    // The server unmaps and maps a mapped window again around the move, so it stays visible.
+    xcb_reparent_window(m_connection->Xcb(), record->id, into->id, static_cast<int16_t>(x), static_cast<int16_t>(y));
+    xcb_flush(m_connection->Xcb());
+    return true;
+}
+
 WindowBox X11Backend::GetWindowBox(NativeWindow window) const
 {
     std::shared_ptr<WindowRecord> record = Find(window);

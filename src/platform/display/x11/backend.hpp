@@ -76,6 +76,8 @@ public:
     size_t WindowCount() const override;
 
     void MoveWindow(NativeWindow window, int32_t x, int32_t y, int32_t width, int32_t height) override;
+
+    bool SetParent(NativeWindow window, NativeWindow parent, int32_t x, int32_t y) override;
     WindowBox GetWindowBox(NativeWindow window) const override;
     WindowBox GetClientBox(NativeWindow window) const override;
     void Show(NativeWindow window, ShowCommand command) override;
