@@ -78,7 +78,7 @@ TamColor TamColor::GetGrayValue() const
 
 uint32_t TamColor::GetGdiplusColor(int opacityPercent) const
 {
-    // 32-bit wrap-around of the product, as the original's int arithmetic gives it.
+    // The product wraps around at 32 bits and is then divided as a signed value.
     int32_t alpha = static_cast<int32_t>(static_cast<uint32_t>(opacityPercent) * 255u) / 100;
     return (static_cast<uint32_t>(alpha) & 0xFF) << 24 | uint32_t{m_nRed} << 16 |
            uint32_t{m_nGreen} << 8 | m_nBlue;

@@ -100,7 +100,7 @@ TEST(BitmapFile, JpegStaysCloseToTheOriginal)
     EXPECT_TRUE(Bitmap().CreateJPEGData().empty());
 }
 
-// Extensions read as GDI+ formats sniff the content, so a PNG named .jpg still loads; every
+// The image extensions (jpg, jpeg, png, tif, tiff, gif) sniff the content, so a PNG named .jpg still loads; every
 // other extension (here .ico and .dat) reads only BMP.
 TEST(BitmapFile, ExtensionChoosesBetweenSniffingAndBmp)
 {

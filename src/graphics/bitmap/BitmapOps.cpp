@@ -23,8 +23,8 @@ uint32_t ToChannel(double v)
 }
 
 // A copy through a colour transform of straight colour. The copy is drawn from the
-// rectangle (0, 0, height, width) onto itself (width and height exchanged, as the original
-// did), so only the square both rectangles share with the picture is filled.
+// rectangle (0, 0, height, width) onto itself (width and height deliberately exchanged), so
+// only the square both rectangles share with the picture is filled.
 template <class Transform>
 Bitmap ColorMatrixCopy(const Bitmap& source, Transform transform)
 {

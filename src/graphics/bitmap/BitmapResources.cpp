@@ -9,8 +9,8 @@ namespace vesk {
 
 namespace {
 
-// The tables applications register, usually from static constructors before main; like the
-// original's resource section it lives as long as the process.
+// The tables applications register, usually from static constructors before main; it lives
+// as long as the process, so registered data stays valid for every later lookup.
 struct ResourceRegistry
 {
     std::mutex lock;

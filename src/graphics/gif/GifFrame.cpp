@@ -17,7 +17,7 @@ void Put32(uint8_t* p, uint32_t v)
         p[i] = static_cast<uint8_t>(v >> (8 * i));
 }
 
-// The platform bitmap-information header of an 8-bit frame stored top-down.
+// The 40-byte bitmap-information header of an 8-bit frame stored top-down.
 void WriteHeader(uint8_t* h, uint16_t width, uint16_t height)
 {
     std::memset(h, 0, GifFrame::HEADER_BYTES);
