@@ -7,6 +7,8 @@
 #include <vesk/graphics/Region.hpp>
 #include <vesk/graphics/TamColor.hpp>
 
+#include "graphics/ColorMath_p.hpp"
+
 #include <cairo.h>
 
 namespace vesk {
@@ -30,12 +32,6 @@ struct GradientBrushAccess
 inline void SetSourceColor(cairo_t* cr, const TamColor& color, unsigned alpha = 255)
 {
     cairo_set_source_rgba(cr, color.GetFRed(), color.GetFGreen(), color.GetFBlue(), alpha / 255.0);
-}
-
-// The alpha byte of an opacity in percent: percent * 255 / 100 in integer arithmetic, low 8 bits.
-inline unsigned OpacityAlpha(unsigned percent)
-{
-    return (percent * 255u / 100u) & 0xFFu;
 }
 
 } // namespace vesk

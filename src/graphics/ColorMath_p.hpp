@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vesk/graphics/TamColor.hpp>
+
 #include <cstdint>
 
 namespace vesk {
@@ -22,6 +24,14 @@ inline uint16_t TruncToChannel(double v)
 inline uint8_t TruncToByte(double v)
 {
     return static_cast<uint8_t>(TruncToInt32(v));
+}
+
+// The alpha byte of an opacity in percent, by the one rule every opacity follows (the alpha
+// byte of TamColor::GetGdiplusColor): defined for every int, so huge or negative values wrap
+// instead of overflowing.
+inline uint32_t OpacityAlpha(int percent)
+{
+    return TamColor().GetGdiplusColor(percent) >> 24;
 }
 
 } // namespace vesk

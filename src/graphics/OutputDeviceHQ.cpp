@@ -188,7 +188,7 @@ bool OutputDevice::DrawEllipseHQ(const FRectangle& r, int opacityPercent)
     if (!DrawableRect(r))
         return g.Reject();
     const TamColor c = m_pBrush ? m_pBrush->GetColor() : TamColor();
-    SetSourceColor(g.cr(), c, OpacityAlpha(unsigned(opacityPercent)));
+    SetSourceColor(g.cr(), c, OpacityAlpha(opacityPercent));
     EllipsePath(g.cr(), r.Left(), r.Top(), r.Right() - r.Left(), r.Bottom() - r.Top());
     cairo_fill(g.cr());
     return g.Finish();

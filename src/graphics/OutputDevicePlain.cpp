@@ -212,7 +212,7 @@ void OutputDevice::Erase(const CRectangle& r)
     cairo_rectangle(g.cr(), b.x, b.y, b.w, b.h);
     cairo_clip(g.cr());
     if (SetBrushSource(g.cr(), m_aBackground.GetBrush(), r))
-        cairo_paint_with_alpha(g.cr(), std::min<int>(m_aBackground.GetOpacity(), 100) / 100.0);
+        cairo_paint_with_alpha(g.cr(), OpacityAlpha(std::min<int>(m_aBackground.GetOpacity(), 100)) / 255.0);
 }
 
 void OutputDevice::Erase(const CRectangle& r, const TamColor& color)
@@ -231,7 +231,7 @@ void OutputDevice::EraseTransparent(const CRectangle& r, const TamColor& color, 
     Box b;
     if (!g || !ToBox(r, b))
         return;
-    SetSourceColor(g.cr(), color, OpacityAlpha(std::min<unsigned>(opacityPercent, 100)));
+    SetSourceColor(g.cr(), color, OpacityAlpha(std::min<int>(opacityPercent, 100)));
     cairo_rectangle(g.cr(), b.x, b.y, b.w, b.h);
     cairo_fill(g.cr());
 }

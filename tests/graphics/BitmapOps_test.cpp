@@ -183,6 +183,9 @@ TEST(BitmapKeying, OpacityAndKeyingThroughAnotherBitmap)
     EXPECT_EQ(PixelAt(b, 1, 0), Argb(127, 0, 0, 0));
     b.MakeTransparent(101); // 257, low 8 bits: 1
     EXPECT_EQ(b.GetPGdiplusBitmap().pixels[0] >> 24, 1u);
+    // The product wraps at 32 bits and is divided signed: -17449672, low 8 bits 56.
+    b.MakeTransparent(10000000);
+    EXPECT_EQ(b.GetPGdiplusBitmap().pixels[0] >> 24, 56u);
 
     Bitmap picture = test::MakeBitmap(3, 2, [](int32_t x, int32_t y) { return Argb(255, uint32_t(x), uint32_t(y), 7); });
     // The mask is narrower: only its 2 x 2 part is looked at; red 0x11 in the low byte.

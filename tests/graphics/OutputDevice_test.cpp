@@ -112,6 +112,16 @@ TEST(OutputDevice, PlainGeometryIsPixelExact)
     EXPECT_EQ(d.GetPixel(TamPoint(-1, 0)), 0xFFFFFFFFu);
 }
 
+TEST(OutputDevice, TextureAndColourOpacityGiveTheSameAlpha)
+{
+    VirtualDevice d(TamSize(2, 1));
+    d.ChangeBackgroundTexture(Texture(kRed, 50));
+    d.Erase(CRectangle(0, 0, 0, 0));
+    d.EraseTransparent(CRectangle(1, 0, 1, 0), kRed, 50);
+    EXPECT_EQ(Argb(d, 0, 0), 0x7F7F0000u); // 50 * 255 / 100 = 127, premultiplied red
+    EXPECT_EQ(Argb(d, 1, 0), 0x7F7F0000u);
+}
+
 TEST(OutputDevice, BadGeometryDrawsNothingAndNeverCrashes)
 {
     MessageBoxProbe probe;

@@ -1,5 +1,6 @@
 #include <vesk/graphics/Bitmap.hpp>
 
+#include "graphics/ColorMath_p.hpp"
 #include "graphics/bitmap/BitmapRecord_p.hpp"
 
 #include <algorithm>
@@ -93,7 +94,7 @@ void Bitmap::MakeTransparent(int opacityPercent)
     PixelImage* picture = PictureToChange(*this);
     if (!picture)
         return;
-    const uint32_t alpha = uint32_t(opacityPercent * 255 / 100) & 0xFF;
+    const uint32_t alpha = OpacityAlpha(opacityPercent);
     for (uint32_t& p : picture->pixels)
         p = codecs::PremultipliedPixel(alpha << 24 | (codecs::StraightPixel(p) & 0xFFFFFF));
 }
