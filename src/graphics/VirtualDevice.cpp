@@ -1,11 +1,16 @@
 #include <vesk/graphics/VirtualDevice.hpp>
 
 #include "graphics/DeviceContext.hpp"
+#include "graphics/codecs/ImageCodec_p.hpp"
 
 namespace vesk {
 
 // The picture is a Cairo image surface; the opaque type keeps Cairo out of the header.
 struct VirtualSurface;
+
+// A device's picture obeys the same limits as a decoded image, so any picture can be saved and
+// any image drawn into a device of its size.
+static_assert(VirtualDevice::MAX_SIDE == codecs::kMaxImageSide && VirtualDevice::MAX_PIXELS == codecs::kMaxImagePixels);
 
 namespace {
 
@@ -32,7 +37,7 @@ VirtualDevice::~VirtualDevice()
 bool VirtualDevice::SetOutputSize(const TamSize& size)
 {
     const int32_t w = size.Width(), h = size.Height();
-    if (w <= 0 || h <= 0 || w > MAX_SIDE || h > MAX_SIDE || int64_t(w) * h > MAX_PIXELS)
+    if (!codecs::IsAcceptableImageSize(w, h))
         return false;
     cairo_surface_t* s = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, w, h);
     if (cairo_surface_status(s) != CAIRO_STATUS_SUCCESS) {

@@ -17,12 +17,6 @@ namespace {
 constexpr int kFrameColours = 240;
 constexpr int kTableSize = 256;
 
-bool IsWholePicture(const PixelImage& image)
-{
-    return IsAcceptableImageSize(image.width, image.height) &&
-           image.pixels.size() == size_t(image.width) * size_t(image.height);
-}
-
 // The frame's straight colours, cut to `width` x `height` from its top-left corner.
 std::vector<uint32_t> StraightColours(const PixelImage& frame, int32_t width, int32_t height)
 {
@@ -40,7 +34,7 @@ std::vector<uint32_t> StraightColours(const PixelImage& frame, int32_t width, in
 
 bool EncodeAnimatedGif(std::span<const PixelImage* const> frames, uint16_t delay, std::vector<uint8_t>& data)
 {
-    if (frames.empty() || !std::all_of(frames.begin(), frames.end(), [](const PixelImage* f) { return f && IsWholePicture(*f); }))
+    if (frames.empty() || !std::all_of(frames.begin(), frames.end(), [](const PixelImage* f) { return f && IsWholeImage(*f); }))
         return false;
     const int32_t screenWidth = frames[0]->width, screenHeight = frames[0]->height;
     GifWriter writer(data, screenWidth, screenHeight, true);

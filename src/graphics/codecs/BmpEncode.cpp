@@ -39,8 +39,7 @@ void AppendInfoHeader(std::vector<uint8_t>& file, const PixelImage& image, bool 
 
 bool EncodeBmp(const PixelImage& image, std::vector<uint8_t>& file)
 {
-    if (!IsAcceptableImageSize(image.width, image.height) ||
-        image.pixels.size() != size_t(image.width) * size_t(image.height))
+    if (!IsWholeImage(image))
         return false;
     const bool alpha = !std::all_of(image.pixels.begin(), image.pixels.end(), [](uint32_t p) { return p >> 24 == 255; });
     const size_t width = size_t(image.width);

@@ -137,8 +137,7 @@ bool DecodeGif(std::span<const uint8_t> data, PixelImage& image)
 
 bool EncodeGif(const PixelImage& image, std::vector<uint8_t>& data)
 {
-    if (!IsAcceptableImageSize(image.width, image.height) ||
-        image.pixels.size() != size_t(image.width) * size_t(image.height))
+    if (!IsWholeImage(image))
         return false;
     std::vector<uint32_t> straight(image.pixels.size());
     std::transform(image.pixels.begin(), image.pixels.end(), straight.begin(), StraightPixel);

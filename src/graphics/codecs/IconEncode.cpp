@@ -75,8 +75,7 @@ void AppendBottomUp(std::vector<uint8_t>& out, const DeviceBits& bits)
 
 bool EncodeIcon(const PixelImage& image, std::vector<uint8_t>& data)
 {
-    if (!IsAcceptableImageSize(image.width, image.height) ||
-        image.pixels.size() != size_t(image.width) * size_t(image.height))
+    if (!IsWholeImage(image))
         return false;
     DeviceBits colour = ColourBits(image);
     DeviceBits mask = MaskBits(image);

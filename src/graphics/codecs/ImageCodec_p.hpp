@@ -28,6 +28,13 @@ inline bool IsAcceptableImageSize(int64_t width, int64_t height)
     return width > 0 && height > 0 && width <= kMaxImageSide && height <= kMaxImageSide &&
            width * height <= kMaxImagePixels;
 }
+// True when the image has an acceptable size and exactly one pixel for each place, which
+// every encoder needs before it reads the pixels.
+inline bool IsWholeImage(const PixelImage& image)
+{
+    return IsAcceptableImageSize(image.width, image.height) &&
+           image.pixels.size() == size_t(image.width) * size_t(image.height);
+}
 
 struct ImageCodec
 {

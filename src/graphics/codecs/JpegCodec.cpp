@@ -156,9 +156,7 @@ bool WriteJpeg(jpeg_compress_struct& jpeg, const PixelImage& image, std::vector<
 
 bool EncodeJpegQuality(const PixelImage& image, int quality, std::vector<uint8_t>& data)
 {
-    if (!IsAcceptableImageSize(image.width, image.height) ||
-        image.pixels.size() != size_t(image.width) * size_t(image.height) ||
-        std::max(image.width, image.height) > JPEG_MAX_DIMENSION)
+    if (!IsWholeImage(image) || std::max(image.width, image.height) > JPEG_MAX_DIMENSION)
         return false;
     const size_t start = data.size();
     std::vector<uint32_t> row(size_t(image.width));

@@ -47,8 +47,7 @@ bool DecodePng(std::span<const uint8_t> data, PixelImage& image)
 
 bool EncodePng(const PixelImage& image, std::vector<uint8_t>& data)
 {
-    if (!IsAcceptableImageSize(image.width, image.height) ||
-        image.pixels.size() != size_t(image.width) * size_t(image.height))
+    if (!IsWholeImage(image))
         return false;
     std::vector<uint32_t> straight(image.pixels.size());
     for (size_t i = 0; i < straight.size(); ++i)

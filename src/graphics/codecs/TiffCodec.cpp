@@ -167,8 +167,7 @@ bool WriteTiff(TIFF* tif, const PixelImage& image)
 
 bool EncodeTiff(const PixelImage& image, std::vector<uint8_t>& data)
 {
-    if (!IsAcceptableImageSize(image.width, image.height) ||
-        image.pixels.size() != size_t(image.width) * size_t(image.height))
+    if (!IsWholeImage(image))
         return false;
     MemoryFile file{{}, &data, data.size()};
     TIFF* tif = OpenMemory(file, "w");
