@@ -2,7 +2,7 @@
 #include <vesk/graphics/VirtualDevice.hpp>
 
 #include "graphics/DeviceContext.hpp"
-#include "graphics/bitmap/BitmapRecord_p.hpp"
+#include "graphics/bitmap/BitmapSurface_p.hpp"
 
 #include <cstring>
 
@@ -215,10 +215,8 @@ bool Bitmap::Empty() const
 
 TamSize Bitmap::GetSize() const
 {
-    if (!m_pRecord)
-        return TamSize(0, 0);
-    const std::optional<PixelImage>& form = m_pRecord->picture ? m_pRecord->picture : m_pRecord->opaque;
-    return form ? TamSize(form->width, form->height) : TamSize(0, 0);
+    const PixelImage* image = ShownImage(*this);
+    return image ? TamSize(image->width, image->height) : TamSize(0, 0);
 }
 
 } // namespace vesk

@@ -37,15 +37,6 @@ void DrawScaled(const PixelImage& source, PixelImage& target, double x, double y
     cairo_surface_destroy(from);
 }
 
-// The picture, else the opaque view; null when the bitmap is empty.
-const PixelImage* AnyForm(const Bitmap& bitmap)
-{
-    const BitmapRecord* record = BitmapAccess::Record(bitmap);
-    if (!record)
-        return nullptr;
-    return record->picture ? &*record->picture : record->opaque ? &*record->opaque : nullptr;
-}
-
 Bitmap Resample(const PixelImage& source, int32_t width, int32_t height, cairo_filter_t filter)
 {
     PixelImage out;
@@ -75,7 +66,7 @@ bool InSizeRange(double v)
 
 Bitmap Bitmap::StretchHQ(const FSize& size) const
 {
-    const PixelImage* source = AnyForm(*this);
+    const PixelImage* source = ShownImage(*this);
     if (!source || !InSizeRange(size.width) || !InSizeRange(size.height))
         return Bitmap();
     return Resample(*source, int32_t(size.width), int32_t(size.height), CAIRO_FILTER_BEST);
@@ -102,7 +93,7 @@ Bitmap Bitmap::Scale() const
 
 Bitmap Bitmap::GetBitmapHQ(const FPoint& pos, FSize& size) const
 {
-    const PixelImage* source = AnyForm(*this);
+    const PixelImage* source = ShownImage(*this);
     if (!source || !std::isfinite(pos.x) || !std::isfinite(pos.y))
         return Bitmap();
     size.width = std::min(size.width, source->width - pos.x);
@@ -117,11 +108,11 @@ Bitmap Bitmap::GetBitmapHQ(const FPoint& pos, FSize& size) const
 
 Bitmap Bitmap::DrawBitmapHQ(const FPoint& pos, FSize& size, const Bitmap& other) const
 {
-    const PixelImage* source = AnyForm(*this);
+    const PixelImage* source = ShownImage(*this);
     if (!source)
         return Bitmap();
     PixelImage copy = *source;
-    const PixelImage* over = AnyForm(other);
+    const PixelImage* over = ShownImage(other);
     const bool drawable = std::isfinite(pos.x) && std::isfinite(pos.y) && std::isfinite(size.width) &&
                           std::isfinite(size.height) && size.width > 0 && size.height > 0;
     if (over && drawable)
@@ -131,7 +122,7 @@ Bitmap Bitmap::DrawBitmapHQ(const FPoint& pos, FSize& size, const Bitmap& other)
 
 Bitmap Bitmap::Stretch(OutputDevice* device, const TamSize& size, bool halftone, bool keyMagenta) const
 {
-    const PixelImage* source = AnyForm(*this);
+    const PixelImage* source = ShownImage(*this);
     if (!device || !device->InitDevice() || !source)
         return Bitmap();
     Bitmap out = IsGdiplusBitmap() ? StretchHQ(FSize(size.Width(), size.Height()))
