@@ -12,17 +12,7 @@ namespace {
 // Paints `source` (destroyed here) onto the rectangle (x, y, w, h), scaled from its own size.
 void PaintSurface(cairo_t* cr, cairo_surface_t* source, double x, double y, double w, double h, cairo_filter_t filter)
 {
-    const int sw = cairo_image_surface_get_width(source), sh = cairo_image_surface_get_height(source);
-    cairo_save(cr);
-    cairo_rectangle(cr, x, y, w, h);
-    cairo_clip(cr);
-    cairo_translate(cr, x, y);
-    cairo_scale(cr, w / sw, h / sh);
-    cairo_set_source_surface(cr, source, 0, 0);
-    cairo_pattern_set_filter(cairo_get_source(cr), filter);
-    cairo_pattern_set_extend(cairo_get_source(cr), CAIRO_EXTEND_PAD);
-    cairo_paint(cr);
-    cairo_restore(cr);
+    PaintScaled(cr, source, x, y, w, h, filter);
     cairo_surface_destroy(source);
 }
 

@@ -14,8 +14,7 @@ using codecs::PixelImage;
 
 namespace {
 
-// Draws `source` into `target`, its top-left corner at (x, y) and stretched to w x h. The
-// source's edge pixels extend outward, so the border is not faded by transparent outside.
+// Draws `source` into `target`, its top-left corner at (x, y) and stretched to w x h.
 void DrawScaled(const PixelImage& source, PixelImage& target, double x, double y, double w, double h,
                 cairo_filter_t filter, cairo_operator_t op)
 {
@@ -23,14 +22,7 @@ void DrawScaled(const PixelImage& source, PixelImage& target, double x, double y
     cairo_surface_t* to = SurfaceOf(target);
     cairo_t* cr = cairo_create(to);
     cairo_set_operator(cr, op);
-    cairo_translate(cr, x, y);
-    cairo_scale(cr, w / source.width, h / source.height);
-    cairo_set_source_surface(cr, from, 0, 0);
-    cairo_pattern_t* pattern = cairo_get_source(cr);
-    cairo_pattern_set_filter(pattern, filter);
-    cairo_pattern_set_extend(pattern, CAIRO_EXTEND_PAD);
-    cairo_rectangle(cr, 0, 0, source.width, source.height);
-    cairo_fill(cr);
+    PaintScaled(cr, from, x, y, w, h, filter);
     cairo_destroy(cr);
     cairo_surface_flush(to);
     cairo_surface_destroy(to);
