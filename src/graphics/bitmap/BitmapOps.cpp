@@ -105,8 +105,8 @@ void Bitmap::MakeTransparent(Bitmap& mask, unsigned long color)
     PixelImage* picture = PictureToChange(*this);
     if (!picture || !keys)
         return;
-    // The platform colour value has red in the low byte; the picture has it in the third.
-    const uint32_t key = uint32_t(color & 0xFF) << 16 | uint32_t(color & 0xFF00) | uint32_t(color >> 16 & 0xFF);
+    // The colour value has red in the low byte; the picture has it in the third.
+    const uint32_t key = TamColor(color).GetLongReversed();
     const int32_t width = std::min(picture->width, keys->width), height = std::min(picture->height, keys->height);
     for (int32_t y = 0; y < height; ++y)
         for (int32_t x = 0; x < width; ++x)
