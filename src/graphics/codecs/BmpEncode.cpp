@@ -14,19 +14,17 @@ namespace {
 constexpr uint32_t kPixelsPerMetre = 3780; // 96 dots per inch
 constexpr uint32_t kSrgb = 0x73524742;     // 'sRGB'
 
-void AppendInfoHeader(std::vector<uint8_t>& file, const PixelImage& image, bool alpha, uint32_t pixelBytes)
+void AppendBmpInfoHeader(std::vector<uint8_t>& file, const PixelImage& image, bool alpha, uint32_t pixelBytes)
 {
-    AppendLe32(file, alpha ? 108 : 40);
-    AppendLe32(file, uint32_t(image.width));
-    AppendLe32(file, uint32_t(image.height)); // positive: bottom-up
-    AppendLe16(file, 1);
-    AppendLe16(file, alpha ? 32 : 24);
-    AppendLe32(file, alpha ? kBitFields : kRgb);
-    AppendLe32(file, pixelBytes);
-    AppendLe32(file, kPixelsPerMetre);
-    AppendLe32(file, kPixelsPerMetre);
-    AppendLe32(file, 0); // colours used
-    AppendLe32(file, 0); // colours important
+    InfoHeader header;
+    header.headerBytes = alpha ? 108 : 40;
+    header.width = image.width;
+    header.height = image.height; // positive: bottom-up
+    header.bitsPerPixel = alpha ? 32 : 24;
+    header.compression = alpha ? kBitFields : kRgb;
+    header.imageBytes = pixelBytes;
+    header.pixelsPerMetre = kPixelsPerMetre;
+    AppendInfoHeader(file, header);
     if (!alpha)
         return;
     for (uint32_t mask : {0x00FF0000u, 0x0000FF00u, 0x000000FFu, 0xFF000000u})
@@ -54,7 +52,7 @@ bool EncodeBmp(const PixelImage& image, std::vector<uint8_t>& file)
     AppendLe32(file, uint32_t(pixelOffset + pixelBytes));
     AppendLe32(file, 0);
     AppendLe32(file, pixelOffset);
-    AppendInfoHeader(file, image, alpha, uint32_t(pixelBytes));
+    AppendBmpInfoHeader(file, image, alpha, uint32_t(pixelBytes));
 
     file.resize(start + pixelOffset + pixelBytes, 0);
     uint8_t* out = file.data() + start + pixelOffset;

@@ -18,7 +18,6 @@ namespace vesk::codecs {
 
 namespace {
 
-constexpr uint32_t kInfoHeaderBytes = 40;
 constexpr uint32_t kImageOffset = 6 + 16;
 constexpr uint16_t kColourBits = 32;
 
@@ -93,18 +92,15 @@ bool EncodeIcon(const PixelImage& image, std::vector<uint8_t>& data)
     data.push_back(0);
     AppendLe16(data, 1);
     AppendLe16(data, kColourBits);
-    AppendLe32(data, pixelBytes + kInfoHeaderBytes);
+    AppendLe32(data, pixelBytes + uint32_t(kInfoHeaderBytes));
     AppendLe32(data, kImageOffset);
 
-    AppendLe32(data, kInfoHeaderBytes);
-    AppendLe32(data, width);
-    AppendLe32(data, 2 * height);
-    AppendLe16(data, 1);
-    AppendLe16(data, kColourBits);
-    AppendLe32(data, 0); // uncompressed
-    AppendLe32(data, pixelBytes);
-    for (int i = 0; i < 4; ++i) // resolutions, colours used and important
-        AppendLe32(data, 0);
+    InfoHeader header;
+    header.width = int32_t(width);
+    header.height = int32_t(2 * height); // colour rows, then the mask's
+    header.bitsPerPixel = kColourBits;
+    header.imageBytes = pixelBytes;
+    AppendInfoHeader(data, header);
 
     ClearMagentaWords(colour);
     ClearMagentaWords(mask);

@@ -1,5 +1,7 @@
 #include "graphics/gif/GifReader_p.hpp"
 
+#include "graphics/codecs/LittleEndian_p.hpp"
+
 #include <cstring>
 
 namespace vesk {
@@ -11,23 +13,17 @@ GifFrame::~GifFrame() = default;
 
 namespace {
 
-void Put32(uint8_t* p, uint32_t v)
-{
-    for (int i = 0; i < 4; ++i)
-        p[i] = static_cast<uint8_t>(v >> (8 * i));
-}
+static_assert(GifFrame::HEADER_BYTES == codecs::kInfoHeaderBytes);
 
-// The 40-byte bitmap-information header of an 8-bit frame stored top-down.
+// The bitmap-information header of an 8-bit frame stored top-down.
 void WriteHeader(uint8_t* h, uint16_t width, uint16_t height)
 {
-    std::memset(h, 0, GifFrame::HEADER_BYTES);
-    Put32(h, 40);
-    Put32(h + 4, width);
-    Put32(h + 8, static_cast<uint32_t>(-static_cast<int32_t>(height)));
-    h[12] = 1;  // planes
-    h[14] = 8;  // bits per pixel
-    Put32(h + 32, 256); // colours used
-    Put32(h + 36, 256); // colours important
+    codecs::InfoHeader header;
+    header.width = width;
+    header.height = -int32_t(height);
+    header.bitsPerPixel = 8;
+    header.coloursUsed = header.coloursImportant = 256;
+    codecs::StoreInfoHeader(h, header);
 }
 
 // The row a frame's n-th row of data lands on: in order without interlace; with it, every
