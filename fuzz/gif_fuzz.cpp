@@ -1,6 +1,7 @@
 // Reads any bytes as an animation: the header, the block walk and up to 32 frames, each
 // buffer read whole under the sanitizers. The same bytes, taken as a minimum code size, a
 // frame width and an LZW stream, must decode to exactly the pixels of the literal chain walk.
+#include "graphics/codecs/GifFormat_p.hpp"
 #include "graphics/gif/GifReader_p.hpp"
 
 #include "models/gif_chain_walk.hpp"
@@ -66,17 +67,17 @@ void CompareWithChainWalk(const uint8_t* data, size_t size)
     Require(result.written <= limit && result.bytesUsed <= size - 3);
     if (!ok)
         return;
-    // The decoder writes rows in the order they arrive; interlaced rows go to rows 0, 8, ...,
-    // 4, 12, ..., 2, 6, ..., 1, 3, ...
+    // The decoder writes rows in the order they arrive; the model places them itself, so this
+    // also checks the shared interlaced-row order.
     const uint32_t stride = ((width - 1u) | 3u) + 1u;
-    size_t line = 0;
-    for (uint32_t pass = 0; pass < (interlaced ? 4u : 1u); ++pass) {
-        static const uint32_t start[4] = {0, 4, 2, 1}, step[4] = {8, 8, 4, 2};
-        for (uint32_t row = interlaced ? start[pass] : 0; row < height; row += interlaced ? step[pass] : 1, ++line) {
-            for (uint32_t x = 0; x < width; ++x) {
-                const size_t i = line * width + x;
-                Require(expected[size_t{row} * stride + x] == (i < result.written ? out[i] : 0));
-            }
+    std::vector<uint32_t> rows;
+    if (interlaced)
+        codecs::InterlacedRows(height, rows);
+    for (uint32_t line = 0; line < height; ++line) {
+        const uint32_t row = interlaced ? rows[line] : line;
+        for (uint32_t x = 0; x < width; ++x) {
+            const size_t i = size_t{line} * width + x;
+            Require(expected[size_t{row} * stride + x] == (i < result.written ? out[i] : 0));
         }
     }
 }

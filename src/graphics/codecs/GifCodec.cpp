@@ -3,6 +3,7 @@
 // outside it transparent. Writing gives one frame of up to 255 colours with diffusion;
 // pixels with alpha below one half become the transparent index.
 #include "graphics/codecs/Argb_p.hpp"
+#include "graphics/codecs/GifFormat_p.hpp"
 #include "graphics/codecs/GifWrite_p.hpp"
 #include "graphics/codecs/ImageCodec_p.hpp"
 
@@ -70,20 +71,6 @@ bool FindFirstImage(GifFileType* gif, int& transparent)
     }
 }
 
-// The image row that the n-th stored row of an interlaced frame fills: rows 0, 8, 16...,
-// then 4, 12..., then 2, 6..., then 1, 3...
-int InterlacedRow(int stored, int height)
-{
-    static const int kStart[4] = {0, 4, 2, 1}, kStep[4] = {8, 8, 4, 2};
-    for (int pass = 0; pass < 4; ++pass) {
-        const int rows = height > kStart[pass] ? (height - kStart[pass] + kStep[pass] - 1) / kStep[pass] : 0;
-        if (stored < rows)
-            return kStart[pass] + stored * kStep[pass];
-        stored -= rows;
-    }
-    return height;
-}
-
 bool DecodeFirstFrame(GifFileType* gif, PixelImage& image)
 {
     int transparent = NO_TRANSPARENT_COLOR;
@@ -103,10 +90,13 @@ bool DecodeFirstFrame(GifFileType* gif, PixelImage& image)
     image.height = gif->SHeight;
     image.pixels.assign(size_t(image.width) * size_t(image.height), 0);
     std::vector<GifPixelType> line(size_t(frame.Width));
+    std::vector<uint32_t> interlaced;
+    if (frame.Interlace)
+        InterlacedRows(uint32_t(frame.Height), interlaced);
     for (int stored = 0; stored < frame.Height; ++stored) {
         if (DGifGetLine(gif, line.data(), frame.Width) == GIF_ERROR)
             return false;
-        const int y = frame.Top + (frame.Interlace ? InterlacedRow(stored, frame.Height) : stored);
+        const int64_t y = int64_t(frame.Top) + (frame.Interlace ? int64_t(interlaced[size_t(stored)]) : stored);
         if (y >= image.height)
             continue;
         uint32_t* row = image.pixels.data() + size_t(y) * size_t(image.width);
@@ -118,8 +108,7 @@ bool DecodeFirstFrame(GifFileType* gif, PixelImage& image)
 
 bool SniffGif(std::span<const uint8_t> head)
 {
-    return head.size() >= 6 && std::memcmp(head.data(), "GIF8", 4) == 0 && (head[4] == '7' || head[4] == '9') &&
-           head[5] == 'a';
+    return IsGifSignature(head);
 }
 
 bool DecodeGif(std::span<const uint8_t> data, PixelImage& image)

@@ -1,5 +1,6 @@
 #include "graphics/gif/GifReader_p.hpp"
 
+#include "graphics/codecs/GifFormat_p.hpp"
 #include "graphics/codecs/LittleEndian_p.hpp"
 
 #include <cstring>
@@ -24,18 +25,6 @@ void WriteHeader(uint8_t* h, uint16_t width, uint16_t height)
     header.bitsPerPixel = 8;
     header.coloursUsed = header.coloursImportant = 256;
     codecs::StoreInfoHeader(h, header);
-}
-
-// The row a frame's n-th row of data lands on: in order without interlace; with it, every
-// 8th row from 0, every 8th from 4, every 4th from 2, then every 2nd from 1.
-void InterlacedRows(uint32_t height, std::vector<uint32_t>& rows)
-{
-    rows.clear();
-    static constexpr uint32_t kStart[4] = {0, 4, 2, 1};
-    static constexpr uint32_t kStep[4] = {8, 8, 4, 2};
-    for (int pass = 0; pass < 4; ++pass)
-        for (uint32_t row = kStart[pass]; row < height; row += kStep[pass])
-            rows.push_back(row);
 }
 
 } // namespace
@@ -173,7 +162,7 @@ void GifReader::StoreFrame(GifFrame& frame, uint8_t* pixelArea, const uint8_t* l
     const uint32_t width = frame.m_nWidth;
     std::memset(pixelArea, 0, size_t{stride} * frame.m_nHeight);
     if (m_nFrameFlags & 0x40) {
-        InterlacedRows(frame.m_nHeight, m_aRows);
+        codecs::InterlacedRows(frame.m_nHeight, m_aRows);
         for (size_t i = 0; i < m_aRows.size(); ++i)
             std::memcpy(pixelArea + size_t{m_aRows[i]} * stride, linear + i * width, width);
     } else {

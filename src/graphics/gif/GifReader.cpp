@@ -1,12 +1,14 @@
 #include "graphics/gif/GifReader_p.hpp"
 
+#include "graphics/codecs/GifFormat_p.hpp"
+
 #include <cstring>
 
 namespace vesk {
 
 bool GifReader::Open(const uint8_t* file, size_t size)
 {
-    if (size < 13 || std::memcmp(file, "GIF8", 4) != 0 || (file[4] != '7' && file[4] != '9') || file[5] != 'a')
+    if (size < 13 || !codecs::IsGifSignature({file, size}))
         return false;
     m_nScreenWidth = static_cast<uint16_t>(file[6] | file[7] << 8);
     m_nScreenHeight = static_cast<uint16_t>(file[8] | file[9] << 8);
