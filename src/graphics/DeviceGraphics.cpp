@@ -99,10 +99,7 @@ bool SetPenStroke(cairo_t* cr, const Pen& pen)
     const double w = pen.GetDrawWidth();
     SetSourceColor(cr, pen.GetColor());
     cairo_set_line_width(cr, w);
-    static constexpr cairo_line_cap_t caps[] = {CAIRO_LINE_CAP_BUTT, CAIRO_LINE_CAP_SQUARE,
-                                                CAIRO_LINE_CAP_ROUND};
-    const int cap = static_cast<int>(pen.GetCap());
-    cairo_set_line_cap(cr, cap >= 0 && cap < 3 ? caps[cap] : CAIRO_LINE_CAP_BUTT);
+    cairo_set_line_cap(cr, CairoCap(pen.GetCap()));
     // Dash lengths in multiples of the width: dash 3 on 1 off, dot 1 on 1 off.
     const double dash[] = {3 * w, w}, dot[] = {w, w}, dashDot[] = {3 * w, w, w, w};
     switch (pen.GetStyle()) {
@@ -141,10 +138,7 @@ void ApplyClip(cairo_t* cr, const Region* clip)
 {
     if (!clip)
         return;
-    for (int i = 0, n = clip->GetRectCount(); i < n; ++i) {
-        const CRectangle r = clip->GetRect(i);
-        cairo_rectangle(cr, r.Left(), r.Top(), r.GetWidth(), r.GetHeight());
-    }
+    RegionPath(cr, *clip);
     cairo_clip(cr);
 }
 

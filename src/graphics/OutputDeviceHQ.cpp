@@ -14,18 +14,6 @@ void SetColor(cairo_t* cr, const TransparentColor& c)
     SetSourceColor(cr, c, OpacityAlpha(c.GetOpacity()));
 }
 
-cairo_line_cap_t Cap(int32_t cap)
-{
-    switch (cap) {
-    case int32_t(LineCap::Square):
-        return CAIRO_LINE_CAP_SQUARE;
-    case int32_t(LineCap::Round):
-        return CAIRO_LINE_CAP_ROUND;
-    default:
-        return CAIRO_LINE_CAP_BUTT;
-    }
-}
-
 bool DrawableRect(const FRectangle& r)
 {
     return Drawable(r.Left(), r.Top(), r.Right(), r.Bottom());
@@ -36,20 +24,29 @@ bool DrawableRect(const CRectangle& r)
     return Drawable(double(r.Left()), double(r.Top()), double(r.Right()), double(r.Bottom()));
 }
 
-// Strokes the current path with `width` in `color`; with `gradient` the stroke is filled by
-// `brush` instead and then laid down at the colour's opacity.
-void StrokeRing(cairo_t* cr, double width, const TransparentColor& color, const GradientBrush* brush)
+// Strokes the current path with `width` in `color`. With `gradient` the stroke is shaded by a
+// centre-point gradient from the colour's 45% darker shade to the colour, which `makeBrush`
+// turns into a brush for the shape, and then laid down at the colour's opacity; a brush that
+// cannot be made leaves the plain colour.
+template <class MakeBrush>
+void StrokeRing(cairo_t* cr, double width, const TransparentColor& color, bool gradient, MakeBrush makeBrush)
 {
+    GradientBrush brush;
+    if (gradient) {
+        TamColor dark = color;
+        dark.Darken(45);
+        brush = makeBrush(CenterPointGradient(ColorPair(dark, dark), color));
+    }
     // Flatness 0.25 of the widened path.
     cairo_set_tolerance(cr, 0.25);
     cairo_set_line_width(cr, width);
-    if (!brush) {
+    if (!brush.IsValid()) {
         SetColor(cr, color);
         cairo_stroke(cr);
         return;
     }
     cairo_push_group(cr);
-    cairo_set_source(cr, GradientBrushAccess::Get(*brush));
+    cairo_set_source(cr, GradientBrushAccess::Get(brush));
     cairo_stroke(cr);
     cairo_pop_group_to_source(cr);
     cairo_paint_with_alpha(cr, OpacityAlpha(color.GetOpacity()) / 255.0);
@@ -68,7 +65,7 @@ bool OutputDevice::DrawLineHQ(const FPoint& from, const FPoint& to, const Transp
     cairo_t* cr = g.cr();
     SetColor(cr, color);
     cairo_set_line_width(cr, width > 0 ? width : 1.0);
-    cairo_set_line_cap(cr, Cap(int32_t(endCap)));
+    cairo_set_line_cap(cr, CairoCap(endCap));
     cairo_move_to(cr, from.x, from.y);
     cairo_line_to(cr, to.x, to.y);
     cairo_stroke(cr);
@@ -87,7 +84,7 @@ bool OutputDevice::DrawLineHQ(const FPoint& from, const FPoint& to, int32_t widt
         pen.SetWidth(width);
     cairo_t* cr = g.cr();
     if (SetPenStroke(cr, pen)) {
-        cairo_set_line_cap(cr, Cap(endCap));
+        cairo_set_line_cap(cr, CairoCap(LineCap(endCap)));
         cairo_move_to(cr, from.x, from.y);
         cairo_line_to(cr, to.x, to.y);
         cairo_stroke(cr);
@@ -248,15 +245,9 @@ bool OutputDevice::DrawRing(const CRectangle& r, int32_t width, const Transparen
     const double half = width / 2.0;
     const double x = r.Left() + half, y = r.Top() + half;
     EllipsePath(g.cr(), x, y, double(r.Right()) - r.Left() - width, double(r.Bottom()) - r.Top() - width);
-    if (gradient) {
-        TamColor dark = color;
-        dark.Darken(45);
-        const GradientBrush b = CenterPointGradient(ColorPair(dark, dark), color)
-                                    .CreateEllipticPathGradientBrush(FRectangle(r.Left(), r.Top(), r.Right(), r.Bottom()));
-        StrokeRing(g.cr(), width, color, b.IsValid() ? &b : nullptr);
-    } else {
-        StrokeRing(g.cr(), width, color, nullptr);
-    }
+    StrokeRing(g.cr(), width, color, gradient, [&r](const CenterPointGradient& shade) {
+        return shade.CreateEllipticPathGradientBrush(FRectangle(r.Left(), r.Top(), r.Right(), r.Bottom()));
+    });
     return g.Finish();
 }
 
@@ -280,14 +271,8 @@ bool OutputDevice::DrawRoundRect(const CRectangle& r, int32_t width, int32_t rad
     cairo_arc(cr, l + w - rad, t + h - rad, rad, 0, 0.5 * M_PI);
     cairo_arc(cr, l + rad, t + h - rad, rad, 0.5 * M_PI, M_PI);
     cairo_close_path(cr);
-    if (gradient) {
-        TamColor dark = color;
-        dark.Darken(45);
-        const GradientBrush b = CenterPointGradient(ColorPair(dark, dark), color).CreatePathGradientBrush(r);
-        StrokeRing(cr, width, color, b.IsValid() ? &b : nullptr);
-    } else {
-        StrokeRing(cr, width, color, nullptr);
-    }
+    StrokeRing(cr, width, color, gradient,
+               [&r](const CenterPointGradient& shade) { return shade.CreatePathGradientBrush(r); });
     return g.Finish();
 }
 

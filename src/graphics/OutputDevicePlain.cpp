@@ -14,17 +14,23 @@ bool DrawablePoint(const TamPoint& p)
     return Drawable(double(p.x), double(p.y));
 }
 
-// Fills the current path with the device's brush (white when none is set) and strokes it
-// with its pen (black, one pixel, when none is set).
+// Fills the current path, which stays, with the device's brush (white when none is set).
+void FillPath(DeviceGraphics& g, const CRectangle& bounds)
+{
+    cairo_t* cr = g.cr();
+    cairo_save(cr);
+    if (SetBrushSource(cr, g.brush() ? *g.brush() : Brush(TamColor()), bounds))
+        cairo_fill_preserve(cr);
+    cairo_restore(cr);
+}
+
+// Fills the current path when `fill`, strokes it with the device's pen (black, one pixel,
+// when none is set) and clears it.
 void FillAndStroke(DeviceGraphics& g, const CRectangle& bounds, bool fill)
 {
     cairo_t* cr = g.cr();
-    if (fill) {
-        cairo_save(cr);
-        if (SetBrushSource(cr, g.brush() ? *g.brush() : Brush(TamColor()), bounds))
-            cairo_fill_preserve(cr);
-        cairo_restore(cr);
-    }
+    if (fill)
+        FillPath(g, bounds);
     if (SetPenStroke(cr, g.pen() ? *g.pen() : Pen()))
         cairo_stroke_preserve(cr);
     cairo_new_path(cr);
@@ -40,10 +46,7 @@ void FillAndOutline(OutputDevice& device, const CRectangle& r, ShapePath path)
     if (!g || !ToBox(r, b))
         return;
     path(g.cr(), b.x, b.y, b.w, b.h);
-    cairo_save(g.cr());
-    if (SetBrushSource(g.cr(), g.brush() ? *g.brush() : Brush(TamColor()), r))
-        cairo_fill(g.cr());
-    cairo_restore(g.cr());
+    FillPath(g, r);
     cairo_new_path(g.cr());
     path(g.cr(), b.x + 0.5, b.y + 0.5, b.w - 1, b.h - 1);
     FillAndStroke(g, r, false);
@@ -241,10 +244,7 @@ void OutputDevice::FillRgn(const Region& region, const Brush& brush)
     DeviceGraphics g(*this);
     if (!g || region.IsEmpty())
         return;
-    for (int i = 0, n = region.GetRectCount(); i < n; ++i) {
-        const CRectangle r = region.GetRect(i);
-        cairo_rectangle(g.cr(), r.Left(), r.Top(), r.GetWidth(), r.GetHeight());
-    }
+    RegionPath(g.cr(), region);
     if (SetBrushSource(g.cr(), brush, region.GetBoundRect()))
         cairo_fill(g.cr());
     cairo_new_path(g.cr());
