@@ -85,16 +85,6 @@ int32_t Percent(int32_t from, int32_t to, int32_t percent)
 
 } // namespace
 
-CenterPointGradient& CenterPointGradient::operator=(const CenterPointGradient& other)
-{
-    Copy(other);
-    m_aCenterColor = other.m_aCenterColor;
-    m_nCenterX = other.m_nCenterX;
-    m_nCenterY = other.m_nCenterY;
-    m_bAntiAlias = other.m_bAntiAlias;
-    return *this;
-}
-
 RectGradient* CenterPointGradient::Clone() const
 {
     return new CenterPointGradient(*this);

@@ -21,26 +21,6 @@ GradientBrush LinearBrush(const ColorPair& colors, const TamPoint& from, const T
 
 } // namespace
 
-RectGradient& RectGradient::operator=(const RectGradient& other)
-{
-    Copy(other);
-    return *this;
-}
-
-void RectGradient::Copy(const RectGradient& o)
-{
-    m_aColors = o.m_aColors;
-    m_nOffsetX = o.m_nOffsetX;
-    m_nOffsetY = o.m_nOffsetY;
-    m_nScaleX = o.m_nScaleX;
-    m_nScaleY = o.m_nScaleY;
-    m_nShiftX = o.m_nShiftX;
-    m_nShiftY = o.m_nShiftY;
-    m_nRefWidth = o.m_nRefWidth;
-    m_nRefHeight = o.m_nRefHeight;
-    m_aPen = o.m_aPen;
-}
-
 TamColor RectGradient::GetAverageColor() const
 {
     // On the 16-bit view: (2 * start + end) / 768 gives the 8-bit weighted mean.
@@ -59,12 +39,6 @@ GradientBrush RectGradient::CreateGdiplusBrush(const CRectangle& r) const
 RectGradient* RectGradient::Clone() const
 {
     return new RectGradient(*this);
-}
-
-LinearRectGradient& LinearRectGradient::operator=(const LinearRectGradient& other)
-{
-    Copy(other);
-    return *this;
 }
 
 GradientBrush LinearRectGradient::CreateGdiplusBrush(const CRectangle& r) const
@@ -89,12 +63,6 @@ TamPoint LinearRectGradient::GetEndPoint(const CRectangle& r) const
     return TamPoint(r.Left(), PlusOne(r.Bottom()));
 }
 
-HorizontalGradient& HorizontalGradient::operator=(const HorizontalGradient& other)
-{
-    Copy(other);
-    return *this;
-}
-
 RectGradient* HorizontalGradient::Clone() const
 {
     return new HorizontalGradient(*this);
@@ -105,12 +73,6 @@ TamPoint HorizontalGradient::GetEndPoint(const CRectangle& r) const
     return TamPoint(PlusOne(r.Right()), r.Top());
 }
 
-VerticalGradient& VerticalGradient::operator=(const VerticalGradient& other)
-{
-    Copy(other);
-    return *this;
-}
-
 RectGradient* VerticalGradient::Clone() const
 {
     return new VerticalGradient(*this);
@@ -119,12 +81,6 @@ RectGradient* VerticalGradient::Clone() const
 TamPoint VerticalGradient::GetEndPoint(const CRectangle& r) const
 {
     return TamPoint(r.Left(), PlusOne(r.Bottom()));
-}
-
-DiagonalGradient& DiagonalGradient::operator=(const DiagonalGradient& other)
-{
-    Copy(other);
-    return *this;
 }
 
 RectGradient* DiagonalGradient::Clone() const

@@ -21,8 +21,8 @@ public:
     // White to white.
     RectGradient() = default;
     explicit RectGradient(const ColorPair& colors) : m_aColors(colors) {}
-    RectGradient(const RectGradient& other) { Copy(other); }
-    RectGradient& operator=(const RectGradient& other);
+    RectGradient(const RectGradient&) = default;
+    RectGradient& operator=(const RectGradient&) = default;
     virtual ~RectGradient() = default;
 
     // Per channel (2 * colour 0 + colour 1) / 3, leaning toward the start colour.
@@ -40,7 +40,8 @@ public:
     const Pen& GetPen() const { return m_aPen; }
 
 protected:
-    void Copy(const RectGradient& other);
+    // Copies the base-class fields, as the base assignment does.
+    void Copy(const RectGradient& other) { RectGradient::operator=(other); }
 
     ColorPair m_aColors;
     // Placement of the gradient within the filled area, kept and copied with it for the
@@ -60,7 +61,7 @@ class VESK_API LinearRectGradient : public RectGradient
 public:
     explicit LinearRectGradient(const ColorPair& colors) : RectGradient(colors) {}
     LinearRectGradient(const LinearRectGradient&) = default;
-    LinearRectGradient& operator=(const LinearRectGradient& other);
+    LinearRectGradient& operator=(const LinearRectGradient&) = default;
 
     GradientBrush CreateGdiplusBrush(const CRectangle& r) const override;
     RectGradient* Clone() const override;
@@ -74,7 +75,7 @@ class VESK_API HorizontalGradient : public LinearRectGradient
 public:
     explicit HorizontalGradient(const ColorPair& colors) : LinearRectGradient(colors) {}
     HorizontalGradient(const HorizontalGradient&) = default;
-    HorizontalGradient& operator=(const HorizontalGradient& other);
+    HorizontalGradient& operator=(const HorizontalGradient&) = default;
     RectGradient* Clone() const override;
     TamPoint GetEndPoint(const CRectangle& r) const override;
 };
@@ -85,7 +86,7 @@ class VESK_API VerticalGradient : public LinearRectGradient
 public:
     explicit VerticalGradient(const ColorPair& colors) : LinearRectGradient(colors) {}
     VerticalGradient(const VerticalGradient&) = default;
-    VerticalGradient& operator=(const VerticalGradient& other);
+    VerticalGradient& operator=(const VerticalGradient&) = default;
     RectGradient* Clone() const override;
     TamPoint GetEndPoint(const CRectangle& r) const override;
 };
@@ -96,7 +97,7 @@ class VESK_API DiagonalGradient : public LinearRectGradient
 public:
     explicit DiagonalGradient(const ColorPair& colors) : LinearRectGradient(colors) {}
     DiagonalGradient(const DiagonalGradient&) = default;
-    DiagonalGradient& operator=(const DiagonalGradient& other);
+    DiagonalGradient& operator=(const DiagonalGradient&) = default;
     RectGradient* Clone() const override;
     TamPoint GetEndPoint(const CRectangle& r) const override;
 };
@@ -115,7 +116,7 @@ public:
     {
     }
     CenterPointGradient(const CenterPointGradient&) = default;
-    CenterPointGradient& operator=(const CenterPointGradient& other);
+    CenterPointGradient& operator=(const CenterPointGradient&) = default;
 
     GradientBrush CreateGdiplusBrush(const CRectangle& r) const override;
     RectGradient* Clone() const override;
