@@ -1,28 +1,17 @@
-#include <vesk/frame/VeskData.hpp>
 #include <vesk/graphics/CommandIds.hpp>
 #include <vesk/graphics/VirtualDevice.hpp>
+
+#include "graphics/ColorMath_p.hpp"
+#include "graphics/ScreenScale_p.hpp"
 
 #include <algorithm>
 #include <cmath>
 
 namespace vesk {
 
-namespace {
-
-double ScreenScale()
-{
-    const VeskData* data = GetPVeskData();
-    if (!data)
-        return 1.0;
-    const int sx = data->ScaleX(100), sy = data->ScaleY(100);
-    return sx >= 101 && sy >= 101 ? std::min(sx, sy) / 100.0 : 1.0;
-}
-
-} // namespace
-
 CommandIds::CommandIds(uint32_t capacity)
     : m_aCommands(capacity, NONE), m_aImageIndexes(capacity, NONE), m_aTexts(capacity), m_aToolTips(capacity),
-      m_nCapacity(capacity), m_fScale(ScreenScale())
+      m_nCapacity(capacity), m_fScale(ScreenScaleFactor())
 {
 }
 
@@ -85,14 +74,13 @@ uint32_t CommandIds::AddReserve(const Bitmap& image)
     const bool picture = image.IsGdiplusBitmap();
     Bitmap added = image;
     if (m_fScale > 1.2) {
+        // Stretch scales a picture in high quality and an opaque view pixel by pixel.
         const TamSize size = image.GetSize();
-        const double w = std::round(size.Width() * m_fScale), h = std::round(size.Height() * m_fScale);
-        if (picture) {
-            added = image.StretchHQ(FSize(w, h));
-        } else {
-            VirtualDevice display(TamSize(1, 1));
-            added = image.Stretch(&display, TamSize(int32_t(w), int32_t(h)), false, false);
-        }
+        VirtualDevice display(TamSize(1, 1));
+        added = image.Stretch(&display,
+                              TamSize(TruncToInt32(std::round(size.Width() * m_fScale)),
+                                      TruncToInt32(std::round(size.Height() * m_fScale))),
+                              false, false);
     }
     // Pictures carry their own transparency and are keyed on white; opaque views on magenta.
     m_nImageCount = m_aImageList.Add(added, TamColor(picture ? COL_WHITE : COL_LIGHTMAGENTA));

@@ -88,6 +88,30 @@ TEST(CommandIds, ImagesAreEnlargedAbove120Percent)
     }
 }
 
+TEST(CommandIds, SetScaleEnlargesReservedImages)
+{
+    LibraryAt library("96");
+    CommandIds ids(1);
+    const uint32_t pixels[4] = {0x102030, 0x405060, 0x708090, 0xA0B0C0};
+    const Bitmap opaque(BitmapPixels{2, 2, 0, pixels, true});
+    const Bitmap picture = test::NoisyBitmap(10, 6);
+    ids.SetScale(2.5);
+    ids.AddReserve(opaque);
+    ids.AddReserve(picture);
+    Bitmap doubled = ids.GetImageList().GetBitmap(0);
+    ASSERT_EQ(doubled.GetSize(), TamSize(5, 5));
+    // An opaque view is scaled pixel by pixel: the corners keep their colours exactly.
+    EXPECT_EQ(doubled.GetHBitmap().pixels[0] & 0xFFFFFF, 0x102030u);
+    EXPECT_EQ(doubled.GetHBitmap().pixels[24] & 0xFFFFFF, 0xA0B0C0u);
+    EXPECT_EQ(ids.GetImageList().GetBitmap(1).GetSize(), TamSize(25, 15));
+    ids.SetScale(1.2); // not above 1.2: added as it is
+    ids.AddReserve(picture);
+    EXPECT_EQ(ids.GetImageList().GetBitmap(2), picture);
+    ids.SetScale(1e12); // a size that cannot be held adds an empty image, without overflow
+    EXPECT_EQ(ids.AddReserve(opaque), 4u);
+    EXPECT_TRUE(ids.GetImageList().GetBitmap(3).Empty());
+}
+
 TEST(BrushBitmaps, DitherPatterns)
 {
     EXPECT_TRUE(GetBrushBitmap(BRUSHBITMAP_LIGHT).Empty()); // no library state

@@ -1,7 +1,7 @@
-#include <vesk/frame/VeskData.hpp>
 #include <vesk/graphics/Bitmap.hpp>
 #include <vesk/graphics/VirtualDevice.hpp>
 
+#include "graphics/ScreenScale_p.hpp"
 #include "graphics/bitmap/BitmapSurface_p.hpp"
 
 #include <cairo.h>
@@ -38,17 +38,6 @@ Bitmap Resample(const PixelImage& source, int32_t width, int32_t height, cairo_f
     return BitmapAccess::FromImage(std::move(out));
 }
 
-// The screen factor of ScaleHQ and Scale: min(ScaleX(100), ScaleY(100)) / 100 when both
-// exceed 100, else 1.
-double ScreenFactor()
-{
-    const VeskData* data = GetPVeskData();
-    if (!data)
-        return 1.0;
-    const int sx = data->ScaleX(100), sy = data->ScaleY(100);
-    return sx > 100 && sy > 100 ? std::min(sx, sy) / 100.0 : 1.0;
-}
-
 bool InSizeRange(double v)
 {
     return v >= 1 && v <= double(codecs::kMaxImageSide);
@@ -66,7 +55,7 @@ Bitmap Bitmap::StretchHQ(const FSize& size) const
 
 Bitmap Bitmap::ScaleHQ() const
 {
-    const double f = ScreenFactor();
+    const double f = ScreenScaleFactor();
     if (f <= 1.2 || Empty())
         return *this;
     const TamSize s = GetSize();
@@ -75,7 +64,7 @@ Bitmap Bitmap::ScaleHQ() const
 
 Bitmap Bitmap::Scale() const
 {
-    const double f = ScreenFactor();
+    const double f = ScreenScaleFactor();
     if (f <= 1.2 || Empty())
         return *this;
     const TamSize s = GetSize();
