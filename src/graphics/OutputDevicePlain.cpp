@@ -259,15 +259,8 @@ void OutputDevice::FrameRgn(const Region& region, const Brush& brush, int32_t wi
     Region inner = region;
     const int32_t w = std::min(width, 1 << 22);
     const int32_t shifts[4][2] = {{w, 0}, {-w, 0}, {0, w}, {0, -w}};
-    for (const auto& s : shifts) {
-        Region moved;
-        for (int i = 0, n = region.GetRectCount(); i < n; ++i) {
-            CRectangle r = region.GetRect(i);
-            r.Move(s[0], s[1]);
-            moved.Union(r);
-        }
-        inner.Intersect(moved);
-    }
+    for (const auto& s : shifts)
+        inner.Intersect(Region(region).Move(s[0], s[1]));
     FillRgn(Region(region).Subtract(inner), brush);
 }
 

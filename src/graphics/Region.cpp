@@ -3,6 +3,7 @@
 #include "graphics/Cairo_p.hpp"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstdint>
 
 namespace vesk {
@@ -140,6 +141,20 @@ Region& Region::Subtract(const CRectangle& r)
     cairo_rectangle_int_t c;
     if (ToCairo(r, c))
         cairo_region_subtract_rectangle(Native(m_pData), &c);
+    return *this;
+}
+
+Region& Region::Move(int32_t dx, int32_t dy)
+{
+    if (std::abs(int64_t(dx)) > 2 * kLimit || std::abs(int64_t(dy)) > 2 * kLimit) {
+        cairo_region_destroy(Native(m_pData));
+        m_pData = Wrap(cairo_region_create());
+        return *this;
+    }
+    // Keep only what stays within the limits, then shift: no coordinate overflows int.
+    Intersect(CRectangle(int32_t(std::max(-kLimit, -kLimit - dx)), int32_t(std::max(-kLimit, -kLimit - dy)),
+                         int32_t(std::min(kLimit, kLimit - dx)), int32_t(std::min(kLimit, kLimit - dy))));
+    cairo_region_translate(Native(m_pData), dx, dy);
     return *this;
 }
 

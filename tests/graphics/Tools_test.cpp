@@ -41,6 +41,22 @@ TEST(Region, OddRectanglesAreOrderedEmptiedOrLimited)
     EXPECT_TRUE(copy.IsEmpty());
 }
 
+TEST(Region, MoveShiftsPixelsAndDropsThoseBeyondTheLimits)
+{
+    Region r(CRectangle(0, 0, 9, 9));
+    r.Union(CRectangle(20, 0, 29, 9));
+    Region expected(CRectangle(-3, 5, 6, 14));
+    expected.Union(CRectangle(17, 5, 26, 14));
+    EXPECT_EQ(Region(r).Move(-3, 5), expected);
+    const int32_t limit = (1 << 30) - 1;
+    Region edge(CRectangle(limit - 9, -limit, limit, -limit + 9));
+    EXPECT_EQ(edge.Move(5, -5), Region(CRectangle(limit - 4, -limit, limit, -limit + 4)));
+    Region whole(CRectangle(-limit, -limit, limit, limit));
+    EXPECT_EQ(Region(whole).Move(INT32_MAX, 0), Region());
+    EXPECT_EQ(Region(whole).Move(limit, INT32_MIN), Region());
+    EXPECT_EQ(Region(whole).Move(2 * limit, 0), Region(CRectangle(limit, -limit, limit, limit)));
+}
+
 TEST(Brush, KindsAndColours)
 {
     EXPECT_EQ(Brush().GetKind(), BrushKind::Null);

@@ -37,6 +37,9 @@ public:
     Region& Intersect(const CRectangle& r);
     Region& Subtract(const Region& other);
     Region& Subtract(const CRectangle& r);
+    // Shifts every pixel by (dx, dy); pixels that would leave the coordinate limits are
+    // dropped.
+    Region& Move(int32_t dx, int32_t dy);
     // Whether pixel p belongs to the region.
     bool IsInside(const TamPoint& p) const;
     // The same pixels.
