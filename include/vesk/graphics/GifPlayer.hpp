@@ -7,17 +7,15 @@
 #include <vesk/values/TamSize.hpp>
 
 #include <atomic>
-#include <cstdint>
-#include <memory>
 #include <thread>
 
 namespace vesk {
 
 class OutputDevice;
-class VirtualDevice;
 
-// Where a player shows its canvas. Called on the player thread, with the canvas locked, after
-// every frame; the presenter copies `size` pixels of `canvas` from (0, 0) onto its own device.
+// Where a player shows its canvas. Called on the player thread after every frame; the canvas
+// belongs to that thread, and the presenter copies `size` pixels of `canvas` from (0, 0) onto
+// its own device before it returns.
 class VESK_API GifPresenter {
 public:
     virtual ~GifPresenter();
@@ -27,7 +25,7 @@ public:
 // Plays an GifAnimation from a thread of its own: frames are composed on a canvas of the
 // logical screen, following each frame's disposal and delay, and the canvas is handed to the
 // presenter after every frame. The animation repeats until Stop. Stopping is a handshake: the
-// requester writes STATE_STOP_REQUESTED and waits until the player writes STATE_STOPPED.
+// requester writes STATE_STOP_REQUESTED and blocks until the player writes STATE_STOPPED.
 class VESK_API GifPlayer {
 public:
     // Plays `gif` (not owned; it must outlive the player and not be loaded while it plays).
@@ -63,9 +61,6 @@ private:
     Texture m_aBackground;
     std::atomic<int> m_nState{GifAnimation::STATE_IDLE};
     std::atomic<bool> m_bPlaying{false};
-    // Guards the canvas between the player thread and the thread that replaces it.
-    std::atomic<uint32_t> m_nSpin{0};
-    std::unique_ptr<VirtualDevice> m_pCanvas;
     GifPresenter* m_pPresenter = nullptr;
     std::thread m_aThread;
 };

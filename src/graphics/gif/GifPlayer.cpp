@@ -1,13 +1,12 @@
 #include <vesk/graphics/GifPlayer.hpp>
 
-#include "common/SpinLock.hpp"
 #include "graphics/gif/GifCanvas_p.hpp"
 #include "platform/thread_priority.hpp"
 
 #include <vesk/frame/ColorName.hpp>
 #include <vesk/graphics/VirtualDevice.hpp>
 
-#include <chrono>
+#include <memory>
 
 namespace vesk {
 
@@ -55,16 +54,17 @@ bool GifPlayer::Play(GifPresenter* presenter)
 
 void GifPlayer::Stop()
 {
-    int playing = GifAnimation::STATE_PLAYING;
-    if (m_nState.compare_exchange_strong(playing, GifAnimation::STATE_STOP_REQUESTED))
-        while (m_nState.load() != GifAnimation::STATE_STOPPED)
-            std::this_thread::yield();
+    int state = GifAnimation::STATE_PLAYING;
+    if (!m_nState.compare_exchange_strong(state, GifAnimation::STATE_STOP_REQUESTED))
+        return;
+    // The player notifies after it writes STATE_STOPPED; until then the state only changes
+    // from the value just read to STATE_STOPPED.
+    while ((state = m_nState.load()) != GifAnimation::STATE_STOPPED)
+        m_nState.wait(state);
 }
 
 void GifPlayer::WaitUntilLeft()
 {
-    while (m_bPlaying.load())
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
     if (m_aThread.joinable())
         m_aThread.join();
 }
@@ -84,14 +84,12 @@ void GifPlayer::Run(GifPresenter* presenter)
 {
     platform::LowerCurrentThreadPriority();
     const TamSize screen(m_rGif.GetScreenWidth(), m_rGif.GetScreenHeight());
-    {
-        SpinGuard guard(m_nSpin);
-        m_pCanvas.reset();
-        if (m_rGif.IsScreenDrawable()) {
-            m_pCanvas = std::make_unique<VirtualDevice>(screen);
-            m_pCanvas->ChangeBackgroundTexture(m_aBackground);
-            m_pCanvas->Erase(CRectangle(TamPoint(0, 0), screen));
-        }
+    // The canvas lives on this thread only; the presenter copies from it during Present.
+    std::unique_ptr<VirtualDevice> canvas;
+    if (m_rGif.IsScreenDrawable()) {
+        canvas = std::make_unique<VirtualDevice>(screen);
+        canvas->ChangeBackgroundTexture(m_aBackground);
+        canvas->Erase(CRectangle(TamPoint(0, 0), screen));
     }
     uint8_t previousDisposal = 4; // leave in place
     TamPoint previousAt;
@@ -99,30 +97,28 @@ void GifPlayer::Run(GifPresenter* presenter)
     GifClock& clock = m_rGif.GetClock();
     while (m_nState.load() != GifAnimation::STATE_STOP_REQUESTED) {
         const uint64_t ticks = clock.GetTicks();
-        {
-            SpinGuard guard(m_nSpin);
-            if (RestoresArea(previousDisposal) && saved && m_pCanvas) {
-                m_pCanvas->DrawOutDev(previousAt, saved->GetOutputSize(), *saved, TamPoint(0, 0));
-                saved.reset();
-            }
-            m_rGif.ClearDisposal();
-            const GifFrame frame = m_rGif.NextImage();
-            previousDisposal = m_rGif.GetDisposal();
-            if (!frame.IsEmpty() && m_pCanvas) {
-                previousAt = TamPoint(frame.GetLeft(), frame.GetTop());
-                const TamSize size(frame.GetWidth(), frame.GetHeight());
-                if (RestoresArea(previousDisposal)) {
-                    saved = std::make_unique<VirtualDevice>(size);
-                    saved->DrawOutDev(TamPoint(0, 0), size, *m_pCanvas, previousAt);
-                }
-                DrawFrame(*m_pCanvas, frame, previousAt, true);
-            }
-            if (m_pCanvas)
-                presenter->Present(*m_pCanvas, screen);
+        if (RestoresArea(previousDisposal) && saved && canvas) {
+            canvas->DrawOutDev(previousAt, saved->GetOutputSize(), *saved, TamPoint(0, 0));
+            saved.reset();
         }
+        m_rGif.ClearDisposal();
+        const GifFrame frame = m_rGif.NextImage();
+        previousDisposal = m_rGif.GetDisposal();
+        if (!frame.IsEmpty() && canvas) {
+            previousAt = TamPoint(frame.GetLeft(), frame.GetTop());
+            const TamSize size(frame.GetWidth(), frame.GetHeight());
+            if (RestoresArea(previousDisposal)) {
+                saved = std::make_unique<VirtualDevice>(size);
+                saved->DrawOutDev(TamPoint(0, 0), size, *canvas, previousAt);
+            }
+            DrawFrame(*canvas, frame, previousAt, true);
+        }
+        if (canvas)
+            presenter->Present(*canvas, screen);
         GifAnimation::WaitFrameDelay(clock, ticks, m_rGif.GetFrameDelayMs(), m_nState);
     }
     m_nState.store(GifAnimation::STATE_STOPPED);
+    m_nState.notify_all();
     m_bPlaying.store(false); // the last touch of this object by the player thread
 }
 
