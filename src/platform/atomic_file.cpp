@@ -97,7 +97,30 @@ ReadStatus ReadWholeFile(const std::string& path, std::string& bytes, FileStamp&
     return ReadStatus::Ok;
 }
 
-bool ReplaceFile(const std::string& path, const FileEditor& edit, FileStamp& stamp)
+namespace {
+
+// Puts `content` in place of `target` in `directory` (whose descriptor `dir` holds the lock)
+// through a synced temporary file and a rename, keeping the old file's permissions.
+bool CommitReplacement(int dir, const std::string& directory, const std::string& target, std::string_view content,
+    const struct stat* old, FileStamp& stamp)
+{
+    // Only the holder of the directory lock writes this name, so one fixed name is safe.
+    std::string temp = directory + "/." + target.substr(target.find_last_of('/') + 1) + ".vesk-tmp";
+    FileStamp written;
+    if (!WriteTemporary(temp, content, old, written) || ::rename(temp.c_str(), target.c_str()) != 0) {
+        ::unlink(temp.c_str());
+        return false;
+    }
+    // The rename is done; a failed directory sync cannot undo it, so it is not reported.
+    ::fsync(dir);
+    stamp = written;
+    return true;
+}
+
+// ReplaceFile's steps, with the reading of the current content optional (`edit` then receives
+// an empty content for an existing file). `edit` returns an optional string or string view.
+template <class Edit>
+bool Replace(const std::string& path, bool readCurrent, const Edit& edit, FileStamp& stamp)
 {
     std::string target;
     if (!ResolveTarget(path, target))
@@ -109,7 +132,7 @@ bool ReplaceFile(const std::string& path, const FileEditor& edit, FileStamp& sta
 
     std::string bytes;
     FileStamp current;
-    ReadStatus status = ReadWholeFile(target, bytes, current);
+    ReadStatus status = readCurrent ? ReadWholeFile(target, bytes, current) : ReadStatus::Ok;
     if (status == ReadStatus::Failed)
         return false;
     struct stat old;
@@ -117,23 +140,26 @@ bool ReplaceFile(const std::string& path, const FileEditor& edit, FileStamp& sta
     if (exists && ::access(target.c_str(), W_OK) != 0)
         return false;
 
-    std::optional<std::string> replacement = edit(exists ? std::optional<std::string>(std::move(bytes)) : std::nullopt);
+    const auto replacement = edit(exists ? std::optional<std::string>(std::move(bytes)) : std::nullopt);
     if (!replacement) {
         stamp = current;
         return true;
     }
-    // Only the holder of the directory lock writes this name, so one fixed name is safe.
-    std::string temp = directory + "/." + target.substr(target.find_last_of('/') + 1) + ".vesk-tmp";
-    FileStamp written;
-    if (!WriteTemporary(temp, *replacement, exists ? &old : nullptr, written)
-        || ::rename(temp.c_str(), target.c_str()) != 0) {
-        ::unlink(temp.c_str());
-        return false;
-    }
-    // The rename is done; a failed directory sync cannot undo it, so it is not reported.
-    ::fsync(dir.Get());
-    stamp = written;
-    return true;
+    return CommitReplacement(dir.Get(), directory, target, *replacement, exists ? &old : nullptr, stamp);
+}
+
+} // namespace
+
+bool ReplaceFile(const std::string& path, const FileEditor& edit, FileStamp& stamp)
+{
+    return Replace(path, true, edit, stamp);
+}
+
+bool WriteFileAtomically(const std::string& path, std::string_view content)
+{
+    FileStamp stamp;
+    return Replace(path, false, [content](const std::optional<std::string>&) { return std::optional(content); },
+                   stamp);
 }
 
 bool SyncFile(const std::string& path)

@@ -44,6 +44,10 @@ using FileEditor = std::function<std::optional<std::string>(const std::optional<
 // stamp receives the stamp of the file as it is afterwards.
 bool ReplaceFile(const std::string& path, const FileEditor& edit, FileStamp& stamp);
 
+// Replaces the file at path with `content` the same way, without reading the old content
+// (for whole-file writes such as saved images).
+bool WriteFileAtomically(const std::string& path, std::string_view content);
+
 // Makes the file's data and its directory entry durable.
 bool SyncFile(const std::string& path);
 

@@ -77,6 +77,27 @@ TEST(BitmapFile, LosslessFormatsRoundTripEveryPixel)
     }
 }
 
+// Writing reads the bitmap only: an opaque view is encoded as it is and gains no picture, and
+// a second save replaces the first file.
+TEST(BitmapFile, SavingLeavesTheBitmapAsItWas)
+{
+    test::TempDir dir;
+    const uint32_t pixels[2] = {0x00102030u, 0x00405060u};
+    Bitmap opaque(BitmapPixels{2, 1, 0, pixels, true});
+    const std::string path = dir.File("o.png");
+    ASSERT_EQ(opaque.Save(DirEntry(SString(path.c_str()))), ERR_OK);
+    EXPECT_EQ(PixelsOf(LoadFile(path)), (std::vector<uint32_t>{0xFF102030u, 0xFF405060u}));
+    ASSERT_EQ(Bitmap::SaveAnimatedGif(DirEntry(SString(dir.File("o.gif").c_str())), {opaque, opaque}, 5), ERR_OK);
+    Bitmap keyed = test::NoisyBitmap(2, 1);
+    keyed.MakeTransparent(opaque, 0x302010ul);
+    EXPECT_EQ(PixelsOf(keyed)[0], 0u);
+    EXPECT_FALSE(opaque.IsGdiplusBitmap());
+
+    Bitmap other = test::NoisyBitmap(3, 3);
+    ASSERT_EQ(other.Save(DirEntry(SString(path.c_str()))), ERR_OK);
+    EXPECT_EQ(PixelsOf(LoadFile(path)), PixelsOf(other));
+}
+
 TEST(BitmapFile, JpegStaysCloseToTheOriginal)
 {
     test::TempDir dir;

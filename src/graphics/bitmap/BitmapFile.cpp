@@ -1,7 +1,7 @@
 #include <vesk/files/DirEntry.hpp>
 #include <vesk/graphics/Bitmap.hpp>
 
-#include "graphics/bitmap/BitmapRecord_p.hpp"
+#include "graphics/bitmap/BitmapSurface_p.hpp"
 #include "platform/atomic_file.hpp"
 #include "platform/mapped_file.hpp"
 
@@ -80,17 +80,8 @@ bool DecodeFile(const std::string& path, bool anyFormat, PixelImage& image)
 // Replaces the file at `path` by `data` atomically: on failure the name keeps what it had.
 bool WriteFile(const std::string& path, const std::vector<uint8_t>& data)
 {
-    platform::FileStamp stamp;
     return !path.empty() &&
-           platform::ReplaceFile(path, [&data](const std::optional<std::string>&) -> std::optional<std::string> {
-               return std::string(data.begin(), data.end());
-           }, stamp);
-}
-
-// The picture, made from the opaque view when only that exists; null when neither does.
-const PixelImage* PictureToWrite(Bitmap& bitmap)
-{
-    return bitmap.CreatePGdiplusBitmap() ? BitmapAccess::Picture(bitmap) : nullptr;
+           platform::WriteFileAtomically(path, {reinterpret_cast<const char*>(data.data()), data.size()});
 }
 
 } // namespace
@@ -106,7 +97,7 @@ ERRCODE Bitmap::Load(const DirEntry& entry)
 
 ERRCODE Bitmap::Save(const DirEntry& entry)
 {
-    const PixelImage* picture = PictureToWrite(*this);
+    const PixelImage* picture = ShownImage(*this);
     std::vector<uint8_t> data;
     if (!picture || !EncoderOf(KindOf(entry.GetExtension())).encode(*picture, data))
         return ERR_FAILURE;
@@ -115,7 +106,7 @@ ERRCODE Bitmap::Save(const DirEntry& entry)
 
 bool Bitmap::SaveAsIcon(const DirEntry& entry)
 {
-    const PixelImage* picture = PictureToWrite(*this);
+    const PixelImage* picture = ShownImage(*this);
     if (!picture)
         return true; // nothing to write: deliberately not a failure
     std::vector<uint8_t> data;
@@ -126,10 +117,9 @@ ERRCODE Bitmap::SaveAnimatedGif(const DirEntry& entry, const std::vector<Bitmap>
 {
     if (frames.empty())
         return ERR_FAILURE;
-    std::vector<Bitmap> held(frames);
     std::vector<const PixelImage*> pictures;
-    for (Bitmap& frame : held) {
-        if (const PixelImage* picture = PictureToWrite(frame))
+    for (const Bitmap& frame : frames) {
+        if (const PixelImage* picture = ShownImage(frame))
             pictures.push_back(picture);
         else if (pictures.empty())
             return ERR_FAILURE; // the first frame must have a picture

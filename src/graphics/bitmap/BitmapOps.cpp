@@ -1,7 +1,7 @@
 #include <vesk/graphics/Bitmap.hpp>
 
 #include "graphics/ColorMath_p.hpp"
-#include "graphics/bitmap/BitmapRecord_p.hpp"
+#include "graphics/bitmap/BitmapSurface_p.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -101,8 +101,8 @@ void Bitmap::MakeTransparent(int opacityPercent)
 
 void Bitmap::MakeTransparent(Bitmap& mask, unsigned long color)
 {
-    const PixelImage* keys = mask.CreatePGdiplusBitmap() ? BitmapAccess::Picture(mask) : nullptr;
     PixelImage* picture = PictureToChange(*this);
+    const PixelImage* keys = ShownImage(mask);
     if (!picture || !keys)
         return;
     // The colour value has red in the low byte; the picture has it in the third.
