@@ -4,6 +4,7 @@
 #include "graphics/bitmap/BitmapSurface_p.hpp"
 #include "platform/atomic_file.hpp"
 #include "platform/mapped_file.hpp"
+#include "platform/utf.hpp"
 
 #include <algorithm>
 #include <string>
@@ -140,14 +141,8 @@ bool Bitmap::IsValidExtension(const SString& extension)
 
 ERRCODE Bitmap::GetEncoderClsid(const UString& mimeType)
 {
-    std::string ascii;
-    for (unsigned i = 0; i < mimeType.Len(); ++i) {
-        const char16_t c = static_cast<const char16_t*>(mimeType)[i];
-        if (c == 0 || c > 0x7F)
-            return ERR_FAILURE;
-        ascii += char(c);
-    }
-    return codecs::CodecForMimeType(ascii) ? ERR_OK : ERR_FAILURE;
+    const std::u16string_view text(static_cast<const char16_t*>(mimeType), mimeType.Len());
+    return codecs::CodecForMimeType(platform::Utf16ToUtf8(text)) ? ERR_OK : ERR_FAILURE;
 }
 
 std::vector<uint8_t> Bitmap::CreateJPEGData(int quality) const
