@@ -28,17 +28,16 @@ bool CopyView(const BitmapPixels& view, bool opaque, PixelImage& image)
     return true;
 }
 
-// The picture over `background`: c + background * (255 - alpha) / 255, alpha 255.
+// The picture over `background`: c + background * (255 - alpha) / 255 rounded, alpha 255.
 PixelImage Composite(const PixelImage& picture, const TamColor& background)
 {
     PixelImage out = picture;
-    const uint32_t br = background.Get8BitRed() & 0xFF, bg = background.Get8BitGreen() & 0xFF,
-                   bb = background.Get8BitBlue() & 0xFF;
+    const uint32_t br = background.Get8BitRed(), bg = background.Get8BitGreen(), bb = background.Get8BitBlue();
     for (uint32_t& p : out.pixels) {
         const uint32_t rest = 255 - (p >> 24);
-        const uint32_t r = ((p >> 16) & 0xFF) + (br * rest + 127) / 255;
-        const uint32_t g = ((p >> 8) & 0xFF) + (bg * rest + 127) / 255;
-        const uint32_t b = (p & 0xFF) + (bb * rest + 127) / 255;
+        const uint32_t r = ((p >> 16) & 0xFF) + codecs::MulDiv255(br, rest);
+        const uint32_t g = ((p >> 8) & 0xFF) + codecs::MulDiv255(bg, rest);
+        const uint32_t b = (p & 0xFF) + codecs::MulDiv255(bb, rest);
         p = 0xFF000000u | std::min(r, 255u) << 16 | std::min(g, 255u) << 8 | std::min(b, 255u);
     }
     return out;

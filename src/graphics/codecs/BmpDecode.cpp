@@ -96,8 +96,7 @@ void DecodeUncompressed(std::span<const uint8_t> file, const Header& header, Pix
     }
     if (header.bitsPerPixel >= 16) {
         for (uint32_t& pixel : image.pixels)
-            pixel = alphaSeen || header.declaredAlpha ? PremultipliedPixel(pixel >> 24, pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF)
-                              : pixel | 0xFF000000u;
+            pixel = alphaSeen || header.declaredAlpha ? PremultipliedPixel(pixel) : pixel | 0xFF000000u;
     }
 }
 
