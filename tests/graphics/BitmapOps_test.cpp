@@ -272,6 +272,8 @@ TEST(BitmapScaling, CutOutAndComposition)
     EXPECT_EQ(PixelAt(part, 2, 2), PixelAt(b, 4, 3));
     FSize outside(2, 2);
     EXPECT_TRUE(b.GetBitmapHQ(FPoint(6, 0), outside).Empty());
+    FSize tooMany(30000, 30000); // each side fits, the pixel count does not
+    EXPECT_TRUE(b.GetBitmapHQ(FPoint(-29990, -29990), tooMany).Empty());
 
     const Bitmap blue = test::MakeBitmap(1, 1, [](int32_t, int32_t) { return Argb(255, 0, 0, 255); });
     FSize where(2, 2);

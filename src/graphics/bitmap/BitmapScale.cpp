@@ -82,7 +82,8 @@ Bitmap Bitmap::GetBitmapHQ(const FPoint& pos, FSize& size) const
     if (!InSizeRange(size.width) || !InSizeRange(size.height))
         return Bitmap();
     PixelImage out;
-    MakeBlankImage(int32_t(size.width), int32_t(size.height), out);
+    if (!MakeBlankImage(int32_t(size.width), int32_t(size.height), out))
+        return Bitmap();
     DrawScaled(*source, out, -pos.x, -pos.y, source->width, source->height, CAIRO_FILTER_BEST, CAIRO_OPERATOR_SOURCE);
     return BitmapAccess::FromImage(std::move(out));
 }

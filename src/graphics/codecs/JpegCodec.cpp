@@ -61,17 +61,23 @@ bool ReadScanlines(jpeg_decompress_struct& jpeg, PixelImage& image, std::vector<
     return true;
 }
 
-bool DecodeJpeg(std::span<const uint8_t> data, PixelImage& image)
+// What a decode changes after its error jump is set, kept in the caller's frame: locals of the
+// function that calls setjmp would have indeterminate values after the jump.
+struct JpegDecode
 {
-    image = PixelImage();
-    std::vector<uint8_t> cmyk;
     jpeg_decompress_struct jpeg;
     JpegError error;
-    InitError(error);
-    jpeg.err = &error.mgr;
-    if (setjmp(error.jump)) {
+    std::vector<uint8_t> cmyk; // one row of inks for CMYK files
+};
+
+bool DecodeJpegWith(std::span<const uint8_t> data, PixelImage& image, JpegDecode& state)
+{
+    jpeg_decompress_struct& jpeg = state.jpeg;
+    std::vector<uint8_t>& cmyk = state.cmyk;
+    InitError(state.error);
+    jpeg.err = &state.error.mgr;
+    if (setjmp(state.error.jump)) {
         jpeg_destroy_decompress(&jpeg);
-        image = PixelImage();
         return false;
     }
     jpeg_create_decompress(&jpeg);
@@ -92,9 +98,17 @@ bool DecodeJpeg(std::span<const uint8_t> data, PixelImage& image)
             jpeg_finish_decompress(&jpeg);
     }
     jpeg_destroy_decompress(&jpeg);
-    if (!ok)
-        image = PixelImage();
     return ok;
+}
+
+bool DecodeJpeg(std::span<const uint8_t> data, PixelImage& image)
+{
+    image = PixelImage();
+    JpegDecode state{};
+    if (DecodeJpegWith(data, image, state))
+        return true;
+    image = PixelImage();
+    return false;
 }
 
 // Collects the compressed bytes in the caller's vector, 64 KiB at a time.
