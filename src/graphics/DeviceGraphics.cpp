@@ -29,21 +29,25 @@ bool ToBox(const CRectangle& r, Box& b)
 
 namespace {
 
+// The brush's 8 x 8 bit pattern as a repeating pattern: set bits in the brush colour, clear
+// ones in the back colour or transparent. Both colours are opaque, so the pixels are written
+// directly.
 cairo_pattern_t* BitPattern(const Brush& brush)
 {
     cairo_surface_t* s = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 8, 8);
-    cairo_t* cr = cairo_create(s);
-    if (!brush.IsBackTransparent()) {
-        SetSourceColor(cr, brush.GetBackColor());
-        cairo_paint(cr);
+    if (cairo_surface_status(s) == CAIRO_STATUS_SUCCESS) {
+        cairo_surface_flush(s);
+        unsigned char* data = cairo_image_surface_get_data(s);
+        const int stride = cairo_image_surface_get_stride(s);
+        const uint32_t fore = 0xFF000000u | brush.GetColor().GetLongReversed();
+        const uint32_t back = brush.IsBackTransparent() ? 0 : 0xFF000000u | brush.GetBackColor().GetLongReversed();
+        for (int y = 0; y < 8; ++y) {
+            uint32_t* row = reinterpret_cast<uint32_t*>(data + y * stride);
+            for (int x = 0; x < 8; ++x)
+                row[x] = brush.GetPattern()[y] & (0x80 >> x) ? fore : back;
+        }
+        cairo_surface_mark_dirty(s);
     }
-    SetSourceColor(cr, brush.GetColor());
-    for (int y = 0; y < 8; ++y)
-        for (int x = 0; x < 8; ++x)
-            if (brush.GetPattern()[y] & (0x80 >> x))
-                cairo_rectangle(cr, x, y, 1, 1);
-    cairo_fill(cr);
-    cairo_destroy(cr);
     cairo_pattern_t* p = cairo_pattern_create_for_surface(s);
     cairo_surface_destroy(s);
     cairo_pattern_set_extend(p, CAIRO_EXTEND_REPEAT);

@@ -6,6 +6,7 @@
 #include "platform/utf.hpp"
 
 #include <cmath>
+#include <memory>
 #include <vector>
 
 namespace vesk {
@@ -39,10 +40,17 @@ void ShowLayout(cairo_t* cr, PangoLayout* layout, const Font& font, double x, do
     pango_cairo_show_layout(cr, layout);
 }
 
-// One character of stretched text and its natural advance in pixels.
+struct LayoutUnref
+{
+    void operator()(PangoLayout* layout) const { g_object_unref(layout); }
+};
+
+using LayoutPtr = std::unique_ptr<PangoLayout, LayoutUnref>;
+
+// One character of stretched text: its layout and its natural advance in pixels.
 struct StretchCell
 {
-    std::string utf8;
+    LayoutPtr layout;
     int32_t advance;
 };
 
@@ -68,9 +76,7 @@ void DrawStretchCells(cairo_t* cr, TextCache& t, const TamPoint& pos, const std:
     }
     int64_t sum = 0;
     for (const StretchCell& c : cells) {
-        PangoLayout* layout = t.MakeLayout(cr, c.utf8, false);
-        ShowLayout(cr, layout, t.font, place(sum), pos.y, false);
-        g_object_unref(layout);
+        ShowLayout(cr, c.layout.get(), t.font, place(sum), pos.y, false);
         sum += c.advance;
     }
 }
@@ -120,7 +126,7 @@ void OutputDevice::DrawStretchText(const TamPoint& pos, const SString& text, int
     const char* bytes = text;
     for (unsigned i = 0; i < text.Len(); ++i) {
         const unsigned char c = static_cast<unsigned char>(bytes[i]);
-        cells.push_back({Utf8(UString(static_cast<char>(c))), advances[c]});
+        cells.push_back({LayoutPtr(t.MakeLayout(g.cr(), Utf8(UString(static_cast<char>(c))), false)), advances[c]});
     }
     DrawStretchCells(g.cr(), t, pos, cells, width);
 }
@@ -137,10 +143,9 @@ void OutputDevice::DrawStretchTextW(const TamPoint& pos, const UString& text, in
         // A surrogate pair is one character.
         const bool pair = i + 1 < text.Len() && units[i] >= 0xD800 && units[i] < 0xDC00 &&
                           units[i + 1] >= 0xDC00 && units[i + 1] < 0xE000;
-        std::string utf8 = platform::Utf16ToUtf8(std::u16string_view(units + i, pair ? 2 : 1));
-        PangoLayout* layout = t.MakeLayout(g.cr(), utf8, false);
-        cells.push_back({std::move(utf8), Logical(layout).width});
-        g_object_unref(layout);
+        PangoLayout* layout =
+            t.MakeLayout(g.cr(), platform::Utf16ToUtf8(std::u16string_view(units + i, pair ? 2 : 1)), false);
+        cells.push_back({LayoutPtr(layout), Logical(layout).width});
         i += pair;
     }
     DrawStretchCells(g.cr(), t, pos, cells, width);

@@ -11,6 +11,16 @@
 namespace vesk {
 namespace {
 
+cairo_font_options_t* HintedOptions(bool subpixel)
+{
+    cairo_font_options_t* options = cairo_font_options_create();
+    cairo_font_options_set_antialias(options, subpixel ? CAIRO_ANTIALIAS_SUBPIXEL : CAIRO_ANTIALIAS_GRAY);
+    if (subpixel)
+        cairo_font_options_set_subpixel_order(options, CAIRO_SUBPIXEL_ORDER_RGB);
+    cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_ON);
+    return options;
+}
+
 PangoFontDescription* Describe(const Font& font, int weight)
 {
     PangoFontDescription* d = pango_font_description_new();
@@ -30,13 +40,16 @@ int OutputDevice::GetTextRenderingHint(const Font& font)
 }
 
 TextCache::TextCache()
-    : m_pContext(pango_font_map_create_context(pango_cairo_font_map_get_default()))
+    : m_pContext(pango_font_map_create_context(pango_cairo_font_map_get_default())),
+      m_pGreyOptions(HintedOptions(false)), m_pSubpixelOptions(HintedOptions(true))
 {
 }
 
 TextCache::~TextCache()
 {
     SetFont(Font());
+    cairo_font_options_destroy(m_pGreyOptions);
+    cairo_font_options_destroy(m_pSubpixelOptions);
     g_object_unref(m_pContext);
 }
 
@@ -53,7 +66,7 @@ void TextCache::SetFont(const Font& f)
     m_bHaveAdvances = false;
 }
 
-PangoLayout* TextCache::MakeLayout(cairo_t* cr, const std::string& text, bool hq)
+void TextCache::EnsureDescriptions()
 {
     if (!m_pPlainDesc) {
         // A weight of 0 means regular; the plain family keeps the exact weight, the HQ one
@@ -67,18 +80,21 @@ PangoLayout* TextCache::MakeLayout(cairo_t* cr, const std::string& text, bool hq
         if (font.IsStrikeout())
             pango_attr_list_insert(m_pAttrs, pango_attr_strikethrough_new(TRUE));
     }
+}
+
+void TextCache::PrepareContext(cairo_t* cr, bool hq)
+{
     // Hint 5 (ClearType) is subpixel anti-aliasing, hint 3 grey anti-aliasing; both fit
     // glyphs to the pixel grid through hinted metrics. Plain text is grey and hinted too.
-    cairo_font_options_t* options = cairo_font_options_create();
     const bool subpixel = hq && OutputDevice::GetTextRenderingHint(font) == 5;
-    cairo_font_options_set_antialias(options, subpixel ? CAIRO_ANTIALIAS_SUBPIXEL : CAIRO_ANTIALIAS_GRAY);
-    if (subpixel)
-        cairo_font_options_set_subpixel_order(options, CAIRO_SUBPIXEL_ORDER_RGB);
-    cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_ON);
     pango_cairo_update_context(cr, m_pContext);
-    pango_cairo_context_set_font_options(m_pContext, options);
-    cairo_font_options_destroy(options);
+    pango_cairo_context_set_font_options(m_pContext, subpixel ? m_pSubpixelOptions : m_pGreyOptions);
+}
 
+PangoLayout* TextCache::MakeLayout(cairo_t* cr, const std::string& text, bool hq)
+{
+    EnsureDescriptions();
+    PrepareContext(cr, hq);
     PangoLayout* layout = pango_layout_new(m_pContext);
     pango_layout_set_font_description(layout, hq ? m_pHQDesc : m_pPlainDesc);
     pango_layout_set_attributes(layout, m_pAttrs);

@@ -45,7 +45,15 @@ struct TextCache
     Font font;
 
 private:
+    // Makes the current font's descriptions and attributes when they are missing.
+    void EnsureDescriptions();
+    // Brings the context up to date with `cr` and the rendering options of the family.
+    void PrepareContext(cairo_t* cr, bool hq);
+
     PangoContext* m_pContext;
+    // The two rendering option sets: grey and subpixel anti-aliasing, both with hinted metrics.
+    cairo_font_options_t* m_pGreyOptions;
+    cairo_font_options_t* m_pSubpixelOptions;
     PangoFontDescription* m_pPlainDesc = nullptr;
     PangoFontDescription* m_pHQDesc = nullptr;
     PangoAttrList* m_pAttrs = nullptr;

@@ -53,8 +53,8 @@ const std::vector<TextCache::Family>& TextCache::GetFamilies()
 
 PangoFontMetrics* TextCache::GetMetrics(cairo_t* cr)
 {
-    PangoLayout* layout = MakeLayout(cr, std::string(), false); // makes the descriptions
-    g_object_unref(layout);
+    EnsureDescriptions();
+    PrepareContext(cr, false);
     return pango_context_get_metrics(m_pContext, m_pPlainDesc, nullptr);
 }
 
