@@ -3,6 +3,7 @@
 // expected.txt. Damaged files must give the library's own results.
 #include <vesk/graphics.hpp>
 
+#include "graphics/FileBytes.hpp"
 #include "graphics/gif/GifReader_p.hpp"
 
 #include <gif_lib.h>
@@ -20,12 +21,6 @@ using namespace vesk;
 namespace {
 
 const std::string kCorpus = std::string(VESK_GIF_CORPUS) + "/";
-
-std::vector<uint8_t> ReadBytes(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 uint64_t Fnv1a(const std::vector<uint8_t>& bytes)
 {
@@ -90,16 +85,14 @@ TEST(GifCorpus, EveryValidFileMatchesGiflibFrameByFrame)
     for (const std::string& name : CorpusFiles()) {
         SCOPED_TRACE(name);
         int error = 0;
-        GifFileType* gif = DGifOpenFileName((kCorpus + name).c_str(), &error);
+        const test::GifFilePtr gif(DGifOpenFileName((kCorpus + name).c_str(), &error));
         if (!gif)
             continue; // not even a header giflib accepts
-        const bool valid = DGifSlurp(gif) == GIF_OK;
-        const std::vector<uint8_t> bytes = ReadBytes(kCorpus + name);
+        const bool valid = DGifSlurp(gif.get()) == GIF_OK;
+        const std::vector<uint8_t> bytes = test::ReadBytes(kCorpus + name);
         GifReader reader;
-        if (!valid || DiffersFromGiflib(name)) {
-            DGifCloseFile(gif, &error);
+        if (!valid || DiffersFromGiflib(name))
             continue;
-        }
         ++files;
         ASSERT_TRUE(reader.Open(bytes.data(), bytes.size()));
         EXPECT_EQ(reader.m_nScreenWidth, gif->SWidth);
@@ -144,7 +137,6 @@ TEST(GifCorpus, EveryValidFileMatchesGiflibFrameByFrame)
             EXPECT_EQ(Indices(again), std::vector<uint8_t>(gif->SavedImages[0].RasterBits,
                                                            gif->SavedImages[0].RasterBits + again.GetWidth() * again.GetHeight()));
         }
-        DGifCloseFile(gif, &error);
     }
     RecordProperty("files", files);
     RecordProperty("frames", frames);
@@ -156,7 +148,7 @@ TEST(GifCorpus, EveryValidFileMatchesGiflibFrameByFrame)
 // header or table is refused.
 int FramesOf(const std::string& name, std::vector<GifFrame>* frames = nullptr)
 {
-    const std::vector<uint8_t> bytes = ReadBytes(kCorpus + name);
+    const std::vector<uint8_t> bytes = test::ReadBytes(kCorpus + name);
     GifReader reader;
     if (!reader.Open(bytes.data(), bytes.size()))
         return -1;

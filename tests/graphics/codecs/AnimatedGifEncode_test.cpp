@@ -1,5 +1,6 @@
 // Animated GIF files read back by giflib: frames, delays, the loop extension, palettes of at
 // most 240 colours, and pixels close to the frames written.
+#include "graphics/FileBytes.hpp"
 #include "graphics/codecs/ImageCodec_p.hpp"
 
 #include <gif_lib.h>
@@ -32,20 +33,11 @@ int Read(GifFileType* gif, GifByteType* out, int n)
     return int(take);
 }
 
-struct Closer
-{
-    void operator()(GifFileType* gif) const
-    {
-        int error = 0;
-        DGifCloseFile(gif, &error);
-    }
-};
-
-std::unique_ptr<GifFileType, Closer> Slurp(const Bytes& file)
+vesk::test::GifFilePtr Slurp(const Bytes& file)
 {
     Input in{&file};
     int error = 0;
-    std::unique_ptr<GifFileType, Closer> gif(DGifOpen(&in, Read, &error));
+    vesk::test::GifFilePtr gif(DGifOpen(&in, Read, &error));
     EXPECT_TRUE(gif && DGifSlurp(gif.get()) == GIF_OK);
     return gif;
 }

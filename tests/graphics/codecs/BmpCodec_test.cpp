@@ -1,5 +1,6 @@
 // The BMP codec: round trips of both forms it writes, files of every depth, header and
 // compression it reads (made here with a small writer), and damaged input.
+#include "graphics/codecs/Argb_p.hpp"
 #include "graphics/codecs/ImageCodec_p.hpp"
 
 #include <gtest/gtest.h>
@@ -138,6 +139,8 @@ TEST(BmpCodec, EveryPremultipliedPixelRoundTripsThrough32Bits)
     ASSERT_EQ(back.pixels.size(), image.pixels.size());
     for (size_t i = 0; i < image.pixels.size(); ++i)
         ASSERT_EQ(back.pixels[i], image.pixels[i]) << std::hex << image.pixels[i];
+    // A damaged premultiplied pixel (channel above alpha) reads as 255, not beyond.
+    EXPECT_EQ(vesk::codecs::StraightPixel(0x80FF0000u), 0x80FF0000u);
 }
 
 TEST(BmpCodec, WhollyTransparentPicturesStayTransparent)

@@ -1,4 +1,5 @@
 // Icon files against layouts worked out by hand.
+#include "graphics/FileBytes.hpp"
 #include "graphics/codecs/ImageCodec_p.hpp"
 
 #include <gtest/gtest.h>
@@ -13,10 +14,7 @@ using Bytes = std::vector<uint8_t>;
 
 namespace {
 
-uint32_t Le32(const Bytes& b, size_t at)
-{
-    return uint32_t(b[at]) | uint32_t(b[at + 1]) << 8 | uint32_t(b[at + 2]) << 16 | uint32_t(b[at + 3]) << 24;
-}
+using vesk::test::Le32;
 
 Bytes Icon(const PixelImage& image)
 {
