@@ -73,6 +73,18 @@ TEST(BitmapViews, OpaqueViewIsThePictureOverTheBackground)
     EXPECT_EQ(b.GetHBitmap(TamColor(0u)).pixels[0], 0xFFFF00FFu);
     b.DeleteHBitmap();
     EXPECT_EQ(b.GetPTempCBitmap(TamColor(0x00FF00u)).pixels[0], 0xFF00FF00u);
+    // A view set from outside replaces the opaque view only; the picture stays.
+    const std::vector<uint32_t> picture = test::PixelsOf(b);
+    const uint32_t other[2] = {0x123456u, 0x654321u};
+    b.SetHBitmap(BitmapPixels{2, 1, 0, other, true});
+    EXPECT_EQ(b.GetHBitmap().pixels[1], 0xFF654321u);
+    EXPECT_EQ(test::PixelsOf(b), picture);
+    Bitmap viewOnly;
+    viewOnly.SetHBitmap(BitmapPixels{2, 1, 0, other, true});
+    EXPECT_FALSE(viewOnly.IsGdiplusBitmap());
+    EXPECT_EQ(viewOnly.GetSize(), TamSize(2, 1));
+    viewOnly.SetHBitmap(BitmapPixels{2, 1, 0, nullptr, true}); // ignored
+    EXPECT_EQ(viewOnly.GetHBitmap().pixels[0], 0xFF123456u);
 
     Bitmap dib;
     ASSERT_TRUE(dib.CreateDIB(TamSize(4, 2)));

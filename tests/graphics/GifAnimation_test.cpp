@@ -49,6 +49,10 @@ TEST(GifAnimation, LoadReadsTheAnmFileWhateverTheExtension)
 
     GifAnimation anim;
     EXPECT_FALSE(anim.IsLoaded());
+    // Before any frame the frame geometry is (0, 0) and 10 x 10.
+    EXPECT_EQ(anim.GetFrameLeft() + anim.GetFrameTop(), 0);
+    EXPECT_EQ(anim.GetFrameWidth(), 10);
+    EXPECT_EQ(anim.GetFrameHeight(), 10);
     EXPECT_EQ(anim.Load(DirEntry(SString(dir.File("movie.gif").c_str()))), 1);
     EXPECT_TRUE(anim.IsLoaded());
     EXPECT_EQ(anim.GetScreenWidth(), 4);

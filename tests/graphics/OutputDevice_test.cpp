@@ -112,6 +112,43 @@ TEST(OutputDevice, PlainGeometryIsPixelExact)
     EXPECT_EQ(d.GetPixel(TamPoint(-1, 0)), 0xFFFFFFFFu);
 }
 
+TEST(OutputDevice, RasterOpInvertsPlainDrawingAndCopyReplacesAlpha)
+{
+    VirtualDevice d(TamSize(3, 1));
+    d.Erase(CRectangle(0, 0, 2, 0), TamColor(0x808080u));
+    EXPECT_EQ(d.ChangeRasterOp(ROP_SRCINVERT), ROP_SRCCOPY);
+    d.Erase(CRectangle(0, 0, 0, 0), kRed); // |colour - destination| per channel
+    EXPECT_EQ(Argb(d, 0, 0), 0xFF7F8080u);
+    EXPECT_EQ(d.ChangeRasterOp(ROP_SRCCOPY), ROP_SRCINVERT);
+    d.Erase(CRectangle(1, 0, 1, 0), kRed);
+    EXPECT_EQ(Argb(d, 1, 0), 0xFFFF0000u);
+
+    // A source copy takes the source's alpha too: its transparent pixel clears the destination.
+    VirtualDevice src(TamSize(2, 1));
+    src.DrawPixel(TamPoint(0, 0), kBlack);
+    d.DrawOutDev(TamPoint(1, 0), TamSize(2, 1), src, TamPoint(0, 0));
+    EXPECT_EQ(Argb(d, 1, 0), 0xFF000000u);
+    EXPECT_EQ(Argb(d, 2, 0), 0u);
+}
+
+TEST(OutputDevice, PlainLineCaps)
+{
+    // A 5-pixel line through row 5 from x = 5: square ends reach x = 3 at full width, round
+    // ones only on the axis, flat ones not at all. Unknown caps are flat.
+    const struct { LineCap cap; bool axis, corner; } cases[] = {
+        {LineCap::Flat, false, false}, {LineCap::Square, true, true}, {LineCap::Round, true, false},
+        {LineCap(7), false, false},
+    };
+    for (const auto& c : cases) {
+        VirtualDevice d(TamSize(16, 12));
+        d.ChangePen(Pen(kBlack, 5, PenStyle::Solid, c.cap));
+        d.DrawLine(TamPoint(5, 5), TamPoint(12, 5));
+        EXPECT_EQ(Argb(d, 3, 5) != 0, c.axis) << int(c.cap);
+        EXPECT_EQ(Argb(d, 3, 3) != 0, c.corner) << int(c.cap);
+        EXPECT_NE(Argb(d, 8, 3), 0u) << int(c.cap);
+    }
+}
+
 TEST(OutputDevice, TextureAndColourOpacityGiveTheSameAlpha)
 {
     VirtualDevice d(TamSize(2, 1));
