@@ -179,6 +179,17 @@ TEST(GifPlayer, StatesAndTheStopHandshake)
         EXPECT_EQ(rec.Shown(before), (std::vector<uint32_t>(8, 10)));
         // The destructor stops a playing player.
     }
+    {
+        // With the real clock the player sleeps in its frame delay when the stop comes; Stop
+        // returns once the player wakes and confirms.
+        m.anim.SetClock(&GifClock::System());
+        GifPlayer player(m.anim);
+        const size_t before = rec.Count();
+        ASSERT_TRUE(player.Play(&rec));
+        rec.WaitFor(before + 1);
+        player.Stop();
+        EXPECT_EQ(player.GetState(), GifAnimation::STATE_STOPPED);
+    }
     GifAnimation empty;
     GifPlayer idle(empty);
     EXPECT_TRUE(idle.Play(&rec)); // nothing loaded
