@@ -207,10 +207,12 @@ TEST_F(HeadlessTest, MessageBoxesAreRecordedAndAnswerWithTheirDefaultButton)
     EXPECT_EQ(VeskMessageBox(nullptr, "Save?", "Editor", MB_YESNOCANCEL), IDYES);
     EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_YESNOCANCEL | MB_DEFBUTTON3), IDCANCEL);
     EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_OKCANCEL | MB_DEFBUTTON2), IDCANCEL);
-    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_RETRYCANCEL), IDRETRY);
-    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", 0xF), IDRETRY); // unknown types read as the last
+    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_OKCANCEL | MB_DEFBUTTON3), IDCANCEL); // past the last
+    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_CANCELTRYCONTINUE), IDCANCEL);
+    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_CANCELTRYCONTINUE | MB_DEFBUTTON2), IDTRYAGAIN);
+    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", 0xF), IDOK); // unknown types offer OK alone
     const auto boxes = Headless().GetMessageBoxes();
-    ASSERT_EQ(boxes.size(), 5u);
+    ASSERT_EQ(boxes.size(), 7u);
     EXPECT_EQ(boxes[0].text, "Save?");
     EXPECT_EQ(boxes[0].caption, "Editor");
     EXPECT_EQ(boxes[0].type, MB_YESNOCANCEL);

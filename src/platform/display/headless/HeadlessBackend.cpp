@@ -1,10 +1,10 @@
 #include "platform/display/headless/HeadlessWindow_p.hpp"
 
 #include <vesk/frame/WinMessages.hpp>
+#include "platform/display/MessageBoxButtons.hpp"
+#include "platform/message_box.hpp"
 
 #include <algorithm>
-#include <chrono>
-#include <cstdio>
 
 namespace vesk::display {
 
@@ -382,14 +382,9 @@ int HeadlessBackend::MessageBox(NativeWindow owner, const std::string& text, con
         std::lock_guard lock(m_aMutex);
         m_aMessageBoxes.push_back({owner, text, caption, type});
     }
-    std::fprintf(stderr, "%s: %s\n", caption.c_str(), text.c_str());
+    platform::StderrMessageBox(text.c_str(), caption.c_str());
     // Nobody can answer: the box returns its default button.
-    static const int buttons[6][3] = {{IDOK, IDOK, IDOK},          {IDOK, IDCANCEL, IDCANCEL},
-                                      {IDABORT, IDRETRY, IDIGNORE}, {IDYES, IDNO, IDCANCEL},
-                                      {IDYES, IDNO, IDNO},          {IDRETRY, IDCANCEL, IDCANCEL}};
-    const uint32_t kind = std::min<uint32_t>(type & 0xF, 5);
-    const uint32_t button = std::min<uint32_t>((type >> 8) & 0xF, 2);
-    return buttons[kind][button];
+    return DefaultMessageBoxResult(type);
 }
 
 std::vector<MessageBoxRecord> HeadlessBackend::GetMessageBoxes() const
