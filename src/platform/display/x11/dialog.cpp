@@ -22,9 +22,6 @@ constexpr int32_t kButtonGap = 8;
 constexpr int32_t kMaxTextWidth = 420;
 constexpr const char* kFont = "Sans 10";
 
-constexpr uint16_t VK_TAB = 0x09, VK_RETURN = 0x0D, VK_ESCAPE = 0x1B, VK_SPACE = 0x20, VK_LEFT = 0x25,
-                   VK_RIGHT = 0x27;
-
 const char* Label(int result)
 {
     switch (result) {

@@ -14,12 +14,6 @@
 
 namespace vesk::display::x11 {
 
-inline constexpr uint16_t VK_SHIFT = 0x10;
-inline constexpr uint16_t VK_CONTROL = 0x11;
-inline constexpr uint16_t VK_MENU = 0x12; // Alt
-inline constexpr uint16_t VK_F10 = 0x79;
-inline constexpr uint16_t VK_DELETE = 0x2E;
-
 // Virtual-key code of a key symbol; 0 for symbols without one.
 uint16_t KeySymToVirtualKey(xkb_keysym_t sym);
 
