@@ -4,6 +4,7 @@
 #include "platform/display/headless/HeadlessWindow_p.hpp"
 
 #include <vesk/frame/WinMessages.hpp>
+#include "platform/display/KeyParams.hpp"
 
 #include <chrono>
 
@@ -21,26 +22,23 @@ int64_t NowMs()
 }
 
 // A scan code for the key: the set-1 codes of a PC keyboard for the common keys, else 0.
-uint32_t ScanCode(uint32_t vk)
+ScanCode ScanCodeOfKey(uint32_t vk)
 {
+    const bool extended =
+        (vk >= VK_PRIOR && vk <= VK_DOWN) || vk == VK_INSERT || vk == VK_DELETE || vk == VK_DIVIDE;
     static const char* const rows = "QWERTYUIOP";
-    for (uint32_t i = 0; rows[i]; ++i) {
+    for (uint8_t i = 0; rows[i]; ++i) {
         if (vk == static_cast<uint32_t>(rows[i]))
-            return 0x10 + i;
+            return {static_cast<uint8_t>(0x10 + i), extended};
     }
     switch (vk) {
-    case VK_ESCAPE: return 0x01;
-    case VK_BACK: return 0x0E;
-    case VK_TAB: return 0x0F;
-    case VK_RETURN: return 0x1C;
-    case VK_SPACE: return 0x39;
-    default: return 0;
+    case VK_ESCAPE: return {0x01, extended};
+    case VK_BACK: return {0x0E, extended};
+    case VK_TAB: return {0x0F, extended};
+    case VK_RETURN: return {0x1C, extended};
+    case VK_SPACE: return {0x39, extended};
+    default: return {0, extended};
     }
-}
-
-bool IsExtendedKey(uint32_t vk)
-{
-    return (vk >= VK_PRIOR && vk <= VK_DOWN) || vk == VK_INSERT || vk == VK_DELETE || vk == VK_DIVIDE;
 }
 
 } // namespace
@@ -100,8 +98,9 @@ void HeadlessBackend::InjectWheel(NativeWindow window, int32_t x, int32_t y, int
     if (it == m_aWindows.end())
         return;
     const WindowBox box = GetBoxLocked(*it->second);
-    const uint32_t delta = static_cast<uint16_t>(notches * WHEEL_DELTA);
-    Queue(window, WM_MOUSEWHEEL, (delta << 16) | MouseKeyState(modifiers), MakeLParam(box.left + x, box.top + y));
+    const WParam wParam =
+        MakeWParam(static_cast<uint32_t>(MouseKeyState(modifiers)), static_cast<uint32_t>(notches * WHEEL_DELTA));
+    Queue(window, WM_MOUSEWHEEL, wParam, MakeLParam(box.left + x, box.top + y));
 }
 
 void HeadlessBackend::InjectKey(NativeWindow window, uint32_t virtualKey, bool down, char16_t text,
@@ -111,17 +110,11 @@ void HeadlessBackend::InjectKey(NativeWindow window, uint32_t virtualKey, bool d
     if (!m_aWindows.count(reinterpret_cast<uintptr_t>(window)))
         return;
     const bool alt = modifiers & HEADLESS_ALT;
-    uint32_t bits = 1 | ScanCode(virtualKey) << 16;
-    if (IsExtendedKey(virtualKey))
-        bits |= 1u << 24;
-    if (alt)
-        bits |= 1u << 29;
-    if (!down)
-        bits |= 3u << 30;
+    const LParam lParam = KeyLParam(ScanCodeOfKey(virtualKey), alt, !down, !down);
     const uint32_t message = (down ? WM_KEYDOWN : WM_KEYUP) + (alt ? WM_SYSKEYDOWN - WM_KEYDOWN : 0);
-    Queue(window, message, virtualKey & 0xFF, static_cast<int32_t>(bits));
+    Queue(window, message, virtualKey & 0xFF, lParam);
     if (down && text)
-        Queue(window, alt ? WM_SYSCHAR : WM_CHAR, text, static_cast<int32_t>(bits));
+        Queue(window, alt ? WM_SYSCHAR : WM_CHAR, text, lParam);
 }
 
 void HeadlessBackend::InjectExpose(NativeWindow window, const WindowBox* box)

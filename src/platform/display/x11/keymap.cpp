@@ -165,20 +165,6 @@ ScanCode ScanCodeOf(xcb_keycode_t keycode)
     return {};
 }
 
-LParam KeyLParam(ScanCode scan, bool altHeld, bool wasDown, bool released)
-{
-    uint32_t packed = 1u | static_cast<uint32_t>(scan.code) << 16;
-    if (scan.extended)
-        packed |= 1u << 24;
-    if (altHeld)
-        packed |= 1u << 29;
-    if (wasDown)
-        packed |= 1u << 30;
-    if (released)
-        packed |= 1u << 31;
-    return static_cast<LParam>(static_cast<int32_t>(packed));
-}
-
 std::unique_ptr<Keymap> Keymap::Create(xcb_connection_t* xcb)
 {
     if (!xkb_x11_setup_xkb_extension(xcb, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
