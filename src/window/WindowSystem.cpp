@@ -2,19 +2,13 @@
 
 #include <vesk/frame/WinMessages.hpp>
 #include <vesk/graphics/OutputDevice.hpp>
+#include "platform/clock.hpp"
 
 #include <algorithm>
-#include <chrono>
 
 namespace vesk {
 
 namespace {
-
-int64_t NowMs()
-{
-    return std::chrono::duration_cast<std::chrono::milliseconds>(
-               std::chrono::steady_clock::now().time_since_epoch()).count();
-}
 
 // Drawing errors and other library messages go to the display's message box.
 void DisplayMessageBox(const char* text, const char* title)
@@ -136,7 +130,7 @@ bool WindowSystem::SetTimer(NativeWindow window, uintptr_t id, uint32_t ms)
 {
     if (!Find(window))
         return false;
-    const int64_t due = NowMs() + ms;
+    const int64_t due = platform::TickCountMs() + ms;
     for (Timer& t : m_aTimers) {
         if (t.window == window && t.id == id) {
             t.interval = ms;
@@ -160,14 +154,14 @@ int WindowSystem::NextTimerDelay() const
     int64_t next = INT64_MAX;
     for (const Timer& t : m_aTimers)
         next = std::min(next, t.due);
-    return static_cast<int>(std::clamp<int64_t>(next - NowMs(), 0, INT32_MAX));
+    return static_cast<int>(std::clamp<int64_t>(next - platform::TickCountMs(), 0, INT32_MAX));
 }
 
 // Handlers may set and kill timers, so the due ones are collected first and each is checked
 // again before it fires.
 void WindowSystem::FireTimers()
 {
-    const int64_t now = NowMs();
+    const int64_t now = platform::TickCountMs();
     std::vector<Timer> due;
     for (const Timer& t : m_aTimers) {
         if (t.due <= now)

@@ -4,9 +4,8 @@
 #include "platform/display/headless/HeadlessWindow_p.hpp"
 
 #include <vesk/frame/WinMessages.hpp>
+#include "platform/clock.hpp"
 #include "platform/display/KeyParams.hpp"
-
-#include <chrono>
 
 namespace vesk::display {
 
@@ -14,12 +13,6 @@ namespace {
 
 constexpr uint32_t BUTTON_BITS[3] = {MK_LBUTTON, MK_RBUTTON, MK_MBUTTON};
 constexpr uint32_t BUTTON_DOWN[3] = {WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN};
-
-int64_t NowMs()
-{
-    return std::chrono::duration_cast<std::chrono::milliseconds>(
-               std::chrono::steady_clock::now().time_since_epoch()).count();
-}
 
 // A scan code for the key: the set-1 codes of a PC keyboard for the common keys, else 0.
 ScanCode ScanCodeOfKey(uint32_t vk)
@@ -82,7 +75,7 @@ void HeadlessBackend::InjectMouseButton(NativeWindow window, MouseButton button,
     if (down) {
         m_nButtons |= BUTTON_BITS[b];
         message = BUTTON_DOWN[b];
-        if (m_aClicks.Press(reinterpret_cast<uintptr_t>(window), message, uint32_t(NowMs()), x, y))
+        if (m_aClicks.Press(reinterpret_cast<uintptr_t>(window), message, uint32_t(platform::TickCountMs()), x, y))
             message += 2; // the double-click message
     } else {
         m_nButtons &= ~BUTTON_BITS[b];
