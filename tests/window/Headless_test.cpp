@@ -38,13 +38,23 @@ TEST_F(HeadlessTest, ShowingSendsWhatAServerSendsThenOnePaint)
     PumpMessages();
     EXPECT_TRUE(w.seen.empty());
 
+    // Maximising and restoring each report the new size once, with its kind.
     w.MoveWindow(30, 40, 120, 60);
+    PumpMessages();
+    w.seen.clear();
     w.ShowWindow(SW_SHOWMAXIMIZED);
     PumpMessages();
     EXPECT_TRUE(w.IsZoomed());
-    EXPECT_EQ(w.GetClientSize().Width(), 1920);
+    ASSERT_EQ(w.Of(WM_SIZE).size(), 1u);
+    EXPECT_EQ(w.Of(WM_SIZE)[0].wParam, SIZE_MAXIMIZED);
+    EXPECT_EQ(w.Of(WM_SIZE)[0].lParam, MakeLParam(1920, 1080));
+    w.seen.clear();
     w.ShowWindow(SW_SHOWNORMAL);
+    PumpMessages();
     EXPECT_EQ(w.GetWindowRect(), CRectangle(30, 40, 150, 100));
+    ASSERT_EQ(w.Of(WM_SIZE).size(), 1u);
+    EXPECT_EQ(w.Of(WM_SIZE)[0].wParam, SIZE_RESTORED);
+    EXPECT_EQ(w.Of(WM_SIZE)[0].lParam, MakeLParam(120, 60));
     w.ShowWindow(SW_SHOWMINIMIZED);
     EXPECT_TRUE(w.IsIconic());
     EXPECT_TRUE(w.IsWindowVisible());
