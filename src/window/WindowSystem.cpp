@@ -208,8 +208,15 @@ bool WindowSystem::TakePosted(Message& m)
 
 bool WindowSystem::PumpOnce()
 {
+    // Only what was posted before this pass: a handler that posts again (to itself, say) waits
+    // for the next pass, so display events, paints and timers still get their turn.
+    size_t batch;
+    {
+        std::lock_guard lock(m_aPostedMutex);
+        batch = m_aPosted.size();
+    }
     Message m;
-    while (TakePosted(m))
+    for (; batch > 0 && TakePosted(m); --batch)
         Deliver(m.window, m.message, m.wParam, m.lParam);
     auto quitWaiting = [this] {
         std::lock_guard lock(m_aPostedMutex);
