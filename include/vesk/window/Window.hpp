@@ -87,7 +87,7 @@ public:
     void Invalidate(const CRectangle& r);
     // Asks for hover (673) and leave (675) messages: TME_ bits, the default hover time.
     void InitMouseTracking(unsigned long flags);
-    // The hover time of InitMouseTracking, in milliseconds (400 from the start).
+    // The hover time of InitMouseTracking, in milliseconds (400 after each VeskInit).
     static void SetHoverTime(uint32_t ms);
 
     // Called for every routed message before it is dispatched; the base relays it to the tool
