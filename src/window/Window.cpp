@@ -33,7 +33,6 @@ void Window::Wrap(CWnd* wnd)
     Unregister();
     m_pCWnd = wnd;
     m_bWrapped = true;
-    m_pMouseEvent = std::make_unique<MouseEvent>(this);
     // Window devices get their contexts from the manager: make sure it exists.
     GetDCManager();
 }

@@ -153,7 +153,7 @@ private:
     WinCursor m_eCursorShown = WinCursor::Arrow;
     bool m_bVisible = false;
     int m_nShowState = 1;
-    std::unique_ptr<MouseEvent> m_pMouseEvent;
+    MouseEvent m_aMouseEvent{this}; // refilled for each mouse message
     ToolTip* m_pToolTip = nullptr;
     bool m_bNoPaint = false;
 };
