@@ -47,7 +47,8 @@ enum : int {
 // A drawing surface on a native window: wraps the window's CWnd, routes its messages through
 // the library's window procedure (hooks, OnProcessMsg, the router's dispatcher, then the
 // procedure it replaced) and turns them into calls of the virtual handlers below. A Window does
-// not own the CWnd; it must be destroyed or unwrapped before the CWnd is deleted.
+// not own the CWnd; delete the CWnd only once the Window is destroyed or the CWnd's native
+// window has been destroyed.
 class VESK_API Window : public OutputDevice
 {
 public:
