@@ -159,6 +159,39 @@ TEST_F(HeadlessTest, MouseInputIsPackedWithKeyStateAndSignedCoordinates)
     PumpMessages();
 }
 
+TEST_F(HeadlessTest, CapturedPointerInputGoesToTheCapturingWindowInItsCoordinates)
+{
+    RecordingWnd a, b;
+    const NativeWindow ha = Make(a, 10, 20), hb = Make(b, 300, 100);
+    auto& backend = Headless();
+    a.SetCapture();
+    EXPECT_EQ(backend.GetCapture(), ha);
+    backend.InjectMouseMove(hb, 5, 6);
+    backend.InjectMouseButton(hb, MouseButton::Left, true, 5, 6);
+    backend.InjectMouseButton(hb, MouseButton::Left, false, 5, 6);
+    backend.InjectWheel(hb, 5, 6, 1);
+    a.seen.clear();
+    b.seen.clear();
+    PumpMessages();
+    EXPECT_TRUE(b.seen.empty());
+    const LParam inA = MakeLParam(295, 86);
+    const std::vector<Seen> expected = {
+        {WM_MOUSEMOVE, 0, inA},
+        {WM_LBUTTONDOWN, MK_LBUTTON, inA},
+        {WM_LBUTTONUP, 0, inA},
+        {WM_MOUSEWHEEL, MakeWParam(0, WHEEL_DELTA), MakeLParam(305, 106)}, // screen coordinates
+    };
+    EXPECT_EQ(a.seen, expected);
+
+    CWnd::ReleaseCapture();
+    EXPECT_EQ(backend.GetCapture(), nullptr);
+    backend.InjectMouseButton(hb, MouseButton::Left, true, 5, 6);
+    PumpMessages();
+    EXPECT_EQ(b.Of(WM_LBUTTONDOWN), (std::vector<Seen>{{WM_LBUTTONDOWN, MK_LBUTTON, MakeLParam(5, 6)}}));
+    backend.InjectMouseButton(hb, MouseButton::Left, false, 5, 6);
+    PumpMessages();
+}
+
 TEST_F(HeadlessTest, KeysCarryRepeatScanAndTransitionBits)
 {
     RecordingWnd w;

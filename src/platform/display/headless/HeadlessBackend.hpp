@@ -117,6 +117,7 @@ private:
     void InvalidateLocked(HWindow& w, const WindowBox* box);
     void DestroyTree(NativeWindow window);
     WParam MouseKeyState(uint32_t modifiers) const;
+    NativeWindow PointerTargetLocked(NativeWindow window, int32_t& x, int32_t& y) const;
     void ChangeFocusLocked(NativeWindow window);
     NativeWindow TopLevelLocked(NativeWindow window) const;
     WindowBox GetBoxLocked(const HWindow& w) const;

@@ -42,11 +42,26 @@ WParam HeadlessBackend::MouseKeyState(uint32_t modifiers) const
            (modifiers & HEADLESS_CONTROL ? uint32_t{MK_CONTROL} : 0u);
 }
 
+// While a window has the capture, pointer input goes to it, moved into its client coordinates,
+// as a pointer grab does.
+NativeWindow HeadlessBackend::PointerTargetLocked(NativeWindow window, int32_t& x, int32_t& y) const
+{
+    auto from = m_aWindows.find(reinterpret_cast<uintptr_t>(window));
+    auto to = m_aWindows.find(reinterpret_cast<uintptr_t>(m_hCapture));
+    if (to == m_aWindows.end() || from == m_aWindows.end() || from == to)
+        return window;
+    const WindowBox a = GetBoxLocked(*from->second), b = GetBoxLocked(*to->second);
+    x += a.left - b.left;
+    y += a.top - b.top;
+    return m_hCapture;
+}
+
 void HeadlessBackend::InjectMouseMove(NativeWindow window, int32_t x, int32_t y, uint32_t modifiers)
 {
     std::lock_guard lock(m_aMutex);
     if (!m_aWindows.count(reinterpret_cast<uintptr_t>(window)))
         return;
+    window = PointerTargetLocked(window, x, y);
     // Moving onto another window is leaving the one under the pointer.
     if (m_hPointer && m_hPointer != window)
         Queue(m_hPointer, WM_MOUSELEAVE, 0, 0);
@@ -70,6 +85,7 @@ void HeadlessBackend::InjectMouseButton(NativeWindow window, MouseButton button,
     std::lock_guard lock(m_aMutex);
     if (!m_aWindows.count(reinterpret_cast<uintptr_t>(window)))
         return;
+    window = PointerTargetLocked(window, x, y);
     const auto b = static_cast<size_t>(button);
     uint32_t message;
     if (down) {
@@ -91,9 +107,11 @@ void HeadlessBackend::InjectWheel(NativeWindow window, int32_t x, int32_t y, int
     if (it == m_aWindows.end())
         return;
     const WindowBox box = GetBoxLocked(*it->second);
+    const LParam screen = MakeLParam(box.left + x, box.top + y); // wheel messages carry screen coordinates
+    window = PointerTargetLocked(window, x, y);
     const WParam wParam =
         MakeWParam(static_cast<uint32_t>(MouseKeyState(modifiers)), static_cast<uint32_t>(notches * WHEEL_DELTA));
-    Queue(window, WM_MOUSEWHEEL, wParam, MakeLParam(box.left + x, box.top + y));
+    Queue(window, WM_MOUSEWHEEL, wParam, screen);
 }
 
 void HeadlessBackend::InjectKey(NativeWindow window, uint32_t virtualKey, bool down, char16_t text,
