@@ -39,7 +39,7 @@ intptr_t WindowSystem::BackendProcedure(NativeWindow window, uint32_t message, W
     CWnd* wnd = system.Find(window);
     if (!wnd || !system.Observe(*wnd, message, wParam, lParam))
         return 0;
-    return system.Deliver(window, message, wParam, lParam);
+    return system.Deliver(*wnd, message, wParam, lParam);
 }
 
 void WindowSystem::Attach(CWnd& wnd, NativeWindow window)
@@ -67,9 +67,13 @@ void WindowSystem::Detach(CWnd& wnd)
 intptr_t WindowSystem::Deliver(NativeWindow window, uint32_t message, WParam wParam, LParam lParam)
 {
     CWnd* wnd = Find(window);
-    if (!wnd)
-        return 0;
-    const intptr_t result = wnd->m_pfnWndProc(window, message, wParam, lParam);
+    return wnd ? Deliver(*wnd, message, wParam, lParam) : 0;
+}
+
+intptr_t WindowSystem::Deliver(CWnd& wnd, uint32_t message, WParam wParam, LParam lParam)
+{
+    const NativeWindow window = wnd.m_hWnd;
+    const intptr_t result = wnd.m_pfnWndProc(window, message, wParam, lParam);
     // The procedure may have deleted the CWnd: look it up again.
     if (message == WM_DESTROY) {
         if (CWnd* still = Find(window))
@@ -182,7 +186,7 @@ void WindowSystem::FireTimers()
         CWnd* wnd = Find(d.window);
         if (wnd && (wnd->m_nTrackFlags & TME_HOVER)) {
             wnd->m_nTrackFlags &= ~TME_HOVER;
-            Deliver(d.window, WM_MOUSEHOVER, m_nLastMouseKeys, m_nLastMousePos);
+            Deliver(*wnd, WM_MOUSEHOVER, m_nLastMouseKeys, m_nLastMousePos);
         }
     }
 }

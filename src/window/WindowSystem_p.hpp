@@ -27,6 +27,8 @@ public:
     CWnd* Find(NativeWindow window) const;
     // Sends a message through the window's procedure now; 0 for unknown windows.
     intptr_t Deliver(NativeWindow window, uint32_t message, WParam wParam, LParam lParam);
+    // The same for a window already looked up.
+    intptr_t Deliver(CWnd& wnd, uint32_t message, WParam wParam, LParam lParam);
 
     // Posted messages: any thread.
     void Post(NativeWindow window, uint32_t message, WParam wParam, LParam lParam);
