@@ -58,6 +58,7 @@ void WindowSystem::Detach(CWnd& wnd)
 {
     const NativeWindow window = wnd.m_hWnd;
     m_aWindows.erase(window);
+    m_aHiddenStates.erase(window);
     std::erase_if(m_aTimers, [window](const Timer& t) { return t.window == window; });
     wnd.m_hWnd = nullptr;
     wnd.m_nTrackFlags = 0;

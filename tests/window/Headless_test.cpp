@@ -62,6 +62,24 @@ TEST_F(HeadlessTest, ShowingSendsWhatAServerSendsThenOnePaint)
     EXPECT_FALSE(w.IsWindowVisible());
 }
 
+TEST_F(HeadlessTest, TitleAndShowStateSetThroughCWnd)
+{
+    RecordingWnd w;
+    const NativeWindow h = Make(w);
+    w.SetWindowText("Grüße");
+    EXPECT_EQ(Headless().GetTitle(h), "Grüße");
+    // SW_SHOW brings a hidden window back in the state it was hidden in.
+    for (const int state : {SW_SHOWMINIMIZED, SW_SHOWMAXIMIZED}) {
+        w.ShowWindow(state);
+        w.ShowWindow(SW_HIDE);
+        EXPECT_FALSE(w.IsWindowVisible());
+        w.ShowWindow(SW_SHOW);
+        EXPECT_TRUE(w.IsWindowVisible());
+        EXPECT_EQ(w.IsIconic(), state == SW_SHOWMINIMIZED);
+        EXPECT_EQ(w.IsZoomed(), state == SW_SHOWMAXIMIZED);
+    }
+}
+
 TEST_F(HeadlessTest, ChildrenFollowTheirParentOnScreenAndIntoDestruction)
 {
     RecordingWnd parent, child, popup;
