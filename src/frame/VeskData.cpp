@@ -46,8 +46,8 @@ VeskData::VeskData()
     const char16_t keys[VESKKEY_COUNT] = {u'+', u'-', u'*', u'/', u'.', u',', u'<', u'>', u'='};
     for (int i = 0; i < VESKKEY_COUNT; ++i)
         m_aKeyCodes[i] = info.KeyScan(keys[i]);
-    const uint16_t mediaKeys[VESKMEDIA_COUNT] = {platform::VK_MEDIA_NEXT_TRACK, platform::VK_MEDIA_PREV_TRACK,
-                                                 platform::VK_MEDIA_STOP, platform::VK_MEDIA_PLAY_PAUSE};
+    const uint16_t mediaKeys[VESKMEDIA_COUNT] = {VK_MEDIA_NEXT_TRACK, VK_MEDIA_PREV_TRACK,
+                                                 VK_MEDIA_STOP, VK_MEDIA_PLAY_PAUSE};
     for (int i = 0; i < VESKMEDIA_COUNT; ++i)
         m_aMediaKeyCodes[i] = mediaKeys[i];
 

@@ -1,5 +1,6 @@
 #include "platform/clock.hpp"
 
+#include <chrono>
 #include <ctime>
 
 namespace vesk::platform {
@@ -12,6 +13,12 @@ LocalTime ReadLocalTime()
         return {};
     // A leap second (60) is kept; Time's constructor carries it into the next minute.
     return FieldsOf(tm);
+}
+
+int64_t TickCountMs()
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+               std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
 } // namespace vesk::platform

@@ -6,7 +6,7 @@
 // one the environment names (LC_ALL, then LC_TIME, LC_NUMERIC, ..., then LANG). A category
 // whose locale is C, POSIX or missing on the machine contributes no keys.
 //
-//   LC_TIME       sShortDate   picture of D_FMT (see DatePicture)
+//   LC_TIME       sShortDate   picture of D_FMT (see ShortDatePicture in locale_formats.hpp)
 //                 sLongDate    picture of _DATE_FMT, else D_T_FMT, else D_FMT (time and zone
 //                              left out, names in full; see locale_formats.hpp)
 //                 iTime, iTLZero, sTime   from the hour field of T_FMT (%r: T_FMT_AMPM)

@@ -86,13 +86,16 @@ bool CWnd::SetParent(CWnd* parent, const TamPoint& pos)
 
 bool CWnd::ShowWindow(int command)
 {
-    const bool wasVisible = IsWindowVisible();
     if (!m_hWnd)
         return false;
-    if (command == SW_SHOW) {
-        const display::ShowCommand state = Backend().GetShowState(m_hWnd);
-        command = state == display::ShowCommand::Hide ? SW_SHOWNORMAL : static_cast<int>(state);
-    }
+    WindowSystem& system = WindowSystem::Get();
+    const display::ShowCommand state = Backend().GetShowState(m_hWnd);
+    const bool wasVisible = state != display::ShowCommand::Hide;
+    // Displays report a hidden window as Hide: its state is kept here for SW_SHOW.
+    if (command == SW_HIDE && wasVisible)
+        system.SetHiddenState(m_hWnd, state);
+    if (command == SW_SHOW)
+        command = static_cast<int>(wasVisible ? state : system.GetHiddenState(m_hWnd));
     if (command >= SW_HIDE && command <= SW_SHOWMAXIMIZED)
         Backend().Show(m_hWnd, static_cast<display::ShowCommand>(command));
     return wasVisible;

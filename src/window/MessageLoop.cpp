@@ -12,8 +12,8 @@ int RunMessageLoop()
     for (;;) {
         if (system.PumpOnce())
             return system.TakeQuit();
-        if (!system.Backend().WaitEvents(system.NextTimerDelay()))
-            system.Post(nullptr, WM_QUIT, static_cast<WParam>(-1), 0);
+        // A display that is gone fails the wait at once; the next pass ends the loop with -1.
+        system.Backend().WaitEvents(system.NextTimerDelay());
     }
 }
 

@@ -1,8 +1,9 @@
 #include <vesk/frame/VeskData.hpp>
 #include <vesk/window/WinMsgRouter.hpp>
 
+#include "platform/clock.hpp"
+
 #include <algorithm>
-#include <chrono>
 #include <memory>
 
 namespace vesk {
@@ -41,8 +42,7 @@ void VeskSetCWndNextFocus(NativeWindow window)
 }
 
 WinMsgRouter::WinMsgRouter()
-    : m_nStartTick(static_cast<uint32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(
-          std::chrono::steady_clock::now().time_since_epoch()).count()))
+    : m_nStartTick(static_cast<uint32_t>(platform::TickCountMs()))
 {
 }
 

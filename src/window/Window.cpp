@@ -14,8 +14,6 @@ namespace {
 // to the wrapped window.
 constexpr uint32_t WM_STOP_HERE = 0x2CC;
 
-uint32_t g_nHoverTime = 400;
-
 } // namespace
 
 Window::Window() : OutputDevice(DEVICE_WINDOW)
@@ -35,7 +33,6 @@ void Window::Wrap(CWnd* wnd)
     Unregister();
     m_pCWnd = wnd;
     m_bWrapped = true;
-    m_pMouseEvent = std::make_unique<MouseEvent>(this);
     // Window devices get their contexts from the manager: make sure it exists.
     GetDCManager();
 }
@@ -168,13 +165,15 @@ void Window::Invalidate(const CRectangle& r)
 
 void Window::InitMouseTracking(unsigned long flags)
 {
-    if (m_pCWnd)
-        m_pCWnd->TrackMouseEvent(static_cast<uint32_t>(flags), g_nHoverTime);
+    WinMsgRouter* router = GlGetPWinMsgRouter();
+    if (m_pCWnd && router)
+        m_pCWnd->TrackMouseEvent(static_cast<uint32_t>(flags), router->GetHoverTime());
 }
 
 void Window::SetHoverTime(uint32_t ms)
 {
-    g_nHoverTime = ms;
+    if (WinMsgRouter* router = GlGetPWinMsgRouter())
+        router->SetHoverTime(ms);
 }
 
 // Library style bits and the platform style bits each adds.

@@ -59,10 +59,10 @@ bool Window::ProcessMouseMove(WinMsgRouter& router, WParam wParam, LParam lParam
 {
     const NativeWindow handle = GetHandle();
     const uint32_t generation = router.GetMapGeneration();
-    m_pMouseEvent->Fill(wParam, lParam);
-    m_pMouseEvent->SetClicks(0);
-    m_pMouseEvent->SetChangedButton(0);
-    MouseMove(*m_pMouseEvent);
+    m_aMouseEvent.Fill(wParam, lParam);
+    m_aMouseEvent.SetClicks(0);
+    m_aMouseEvent.SetChangedButton(0);
+    MouseMove(m_aMouseEvent);
     if (!router.IsStillRegistered(handle, this, generation))
         return true;
     const WinCursor cursor = router.GetBusyCount() >= 1 ? WinCursor::Wait : m_eCursor;
@@ -78,10 +78,10 @@ MouseEvent& Window::FillButtonEvent(uint32_t message, WParam wParam, LParam lPar
 {
     const uint32_t index = (message - WM_LBUTTONDOWN) / 3; // left, right, middle rows of three
     static constexpr uint16_t buttons[3] = {MOUSE_LEFT, MOUSE_RIGHT, MOUSE_MIDDLE};
-    m_pMouseEvent->Fill(wParam, lParam);
-    m_pMouseEvent->SetChangedButton(buttons[index % 3]);
-    m_pMouseEvent->SetClicks(clicks);
-    return *m_pMouseEvent;
+    m_aMouseEvent.Fill(wParam, lParam);
+    m_aMouseEvent.SetChangedButton(buttons[index % 3]);
+    m_aMouseEvent.SetClicks(clicks);
+    return m_aMouseEvent;
 }
 
 bool Window::ProcessButtonDown(uint32_t message, WParam wParam, LParam lParam)
@@ -106,19 +106,19 @@ bool Window::ProcessMouseWheel(WParam wParam, LParam lParam)
 {
     // The wheel message carries screen coordinates; handlers get client ones.
     const CRectangle box = m_pCWnd ? m_pCWnd->GetWindowRect() : CRectangle(0, 0, 0, 0);
-    m_pMouseEvent->Fill(wParam & 0xFFFF, MakeLParam(LoWordSigned(lParam) - box.Left(), HiWordSigned(lParam) - box.Top()));
-    m_pMouseEvent->SetClicks(0);
-    m_pMouseEvent->SetChangedButton(0);
-    m_pMouseEvent->SetWheelDelta(static_cast<int16_t>(wParam >> 16));
-    MouseWheel(*m_pMouseEvent);
+    m_aMouseEvent.Fill(wParam & 0xFFFF, MakeLParam(LoWordSigned(lParam) - box.Left(), HiWordSigned(lParam) - box.Top()));
+    m_aMouseEvent.SetClicks(0);
+    m_aMouseEvent.SetChangedButton(0);
+    m_aMouseEvent.SetWheelDelta(static_cast<int16_t>(wParam >> 16));
+    MouseWheel(m_aMouseEvent);
     return true;
 }
 
 bool Window::ProcessMouseHover(WParam wParam, LParam lParam)
 {
-    m_pMouseEvent->Fill(wParam, lParam);
-    m_pMouseEvent->SetClicks(0);
-    MouseHover(*m_pMouseEvent);
+    m_aMouseEvent.Fill(wParam, lParam);
+    m_aMouseEvent.SetClicks(0);
+    MouseHover(m_aMouseEvent);
     return true;
 }
 

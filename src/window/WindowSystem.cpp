@@ -2,19 +2,13 @@
 
 #include <vesk/frame/WinMessages.hpp>
 #include <vesk/graphics/OutputDevice.hpp>
+#include "platform/clock.hpp"
 
 #include <algorithm>
-#include <chrono>
 
 namespace vesk {
 
 namespace {
-
-int64_t NowMs()
-{
-    return std::chrono::duration_cast<std::chrono::milliseconds>(
-               std::chrono::steady_clock::now().time_since_epoch()).count();
-}
 
 // Drawing errors and other library messages go to the display's message box.
 void DisplayMessageBox(const char* text, const char* title)
@@ -45,7 +39,7 @@ intptr_t WindowSystem::BackendProcedure(NativeWindow window, uint32_t message, W
     CWnd* wnd = system.Find(window);
     if (!wnd || !system.Observe(*wnd, message, wParam, lParam))
         return 0;
-    return system.Deliver(window, message, wParam, lParam);
+    return system.Deliver(*wnd, message, wParam, lParam);
 }
 
 void WindowSystem::Attach(CWnd& wnd, NativeWindow window)
@@ -64,6 +58,7 @@ void WindowSystem::Detach(CWnd& wnd)
 {
     const NativeWindow window = wnd.m_hWnd;
     m_aWindows.erase(window);
+    m_aHiddenStates.erase(window);
     std::erase_if(m_aTimers, [window](const Timer& t) { return t.window == window; });
     wnd.m_hWnd = nullptr;
     wnd.m_nTrackFlags = 0;
@@ -73,9 +68,13 @@ void WindowSystem::Detach(CWnd& wnd)
 intptr_t WindowSystem::Deliver(NativeWindow window, uint32_t message, WParam wParam, LParam lParam)
 {
     CWnd* wnd = Find(window);
-    if (!wnd)
-        return 0;
-    const intptr_t result = wnd->m_pfnWndProc(window, message, wParam, lParam);
+    return wnd ? Deliver(*wnd, message, wParam, lParam) : 0;
+}
+
+intptr_t WindowSystem::Deliver(CWnd& wnd, uint32_t message, WParam wParam, LParam lParam)
+{
+    const NativeWindow window = wnd.m_hWnd;
+    const intptr_t result = wnd.m_pfnWndProc(window, message, wParam, lParam);
     // The procedure may have deleted the CWnd: look it up again.
     if (message == WM_DESTROY) {
         if (CWnd* still = Find(window))
@@ -136,7 +135,7 @@ bool WindowSystem::SetTimer(NativeWindow window, uintptr_t id, uint32_t ms)
 {
     if (!Find(window))
         return false;
-    const int64_t due = NowMs() + ms;
+    const int64_t due = platform::TickCountMs() + ms;
     for (Timer& t : m_aTimers) {
         if (t.window == window && t.id == id) {
             t.interval = ms;
@@ -160,14 +159,14 @@ int WindowSystem::NextTimerDelay() const
     int64_t next = INT64_MAX;
     for (const Timer& t : m_aTimers)
         next = std::min(next, t.due);
-    return static_cast<int>(std::clamp<int64_t>(next - NowMs(), 0, INT32_MAX));
+    return static_cast<int>(std::clamp<int64_t>(next - platform::TickCountMs(), 0, INT32_MAX));
 }
 
 // Handlers may set and kill timers, so the due ones are collected first and each is checked
 // again before it fires.
 void WindowSystem::FireTimers()
 {
-    const int64_t now = NowMs();
+    const int64_t now = platform::TickCountMs();
     std::vector<Timer> due;
     for (const Timer& t : m_aTimers) {
         if (t.due <= now)
@@ -188,7 +187,7 @@ void WindowSystem::FireTimers()
         CWnd* wnd = Find(d.window);
         if (wnd && (wnd->m_nTrackFlags & TME_HOVER)) {
             wnd->m_nTrackFlags &= ~TME_HOVER;
-            Deliver(d.window, WM_MOUSEHOVER, m_nLastMouseKeys, m_nLastMousePos);
+            Deliver(*wnd, WM_MOUSEHOVER, m_nLastMouseKeys, m_nLastMousePos);
         }
     }
 }
@@ -214,8 +213,15 @@ bool WindowSystem::TakePosted(Message& m)
 
 bool WindowSystem::PumpOnce()
 {
+    // Only what was posted before this pass: a handler that posts again (to itself, say) waits
+    // for the next pass, so display events, paints and timers still get their turn.
+    size_t batch;
+    {
+        std::lock_guard lock(m_aPostedMutex);
+        batch = m_aPosted.size();
+    }
     Message m;
-    while (TakePosted(m))
+    for (; batch > 0 && TakePosted(m); --batch)
         Deliver(m.window, m.message, m.wParam, m.lParam);
     auto quitWaiting = [this] {
         std::lock_guard lock(m_aPostedMutex);

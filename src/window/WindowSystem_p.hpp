@@ -27,6 +27,8 @@ public:
     CWnd* Find(NativeWindow window) const;
     // Sends a message through the window's procedure now; 0 for unknown windows.
     intptr_t Deliver(NativeWindow window, uint32_t message, WParam wParam, LParam lParam);
+    // The same for a window already looked up.
+    intptr_t Deliver(CWnd& wnd, uint32_t message, WParam wParam, LParam lParam);
 
     // Posted messages: any thread.
     void Post(NativeWindow window, uint32_t message, WParam wParam, LParam lParam);
@@ -46,6 +48,14 @@ public:
     int16_t GetKeyState(uint32_t virtualKey) const;
 
     size_t WindowCount() const { return m_aWindows.size(); }
+
+    // The state a window was hidden in, for SW_SHOW to bring it back in (Normal when unknown).
+    void SetHiddenState(NativeWindow window, display::ShowCommand state) { m_aHiddenStates[window] = state; }
+    display::ShowCommand GetHiddenState(NativeWindow window) const
+    {
+        auto it = m_aHiddenStates.find(window);
+        return it == m_aHiddenStates.end() ? display::ShowCommand::Normal : it->second;
+    }
 
 private:
     struct Message
@@ -73,6 +83,7 @@ private:
 
     display::DisplayBackend& m_rBackend;
     std::unordered_map<NativeWindow, CWnd*> m_aWindows; // UI thread only
+    std::unordered_map<NativeWindow, display::ShowCommand> m_aHiddenStates;
     std::vector<Timer> m_aTimers;
     uint8_t m_aKeyState[256] = {};
     LParam m_nLastMousePos = 0;

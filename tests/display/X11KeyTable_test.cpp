@@ -51,7 +51,7 @@ TEST(X11KeyTable, KeyCodesGiveScanCodes)
         {200, 0, false},    // no scan code
     };
     for (const Case& c : cases) {
-        ScanCode scan = ScanCodeOf(c.keycode);
+        const auto scan = ScanCodeOf(c.keycode);
         EXPECT_EQ(scan.code, c.scan) << int(c.keycode);
         EXPECT_EQ(scan.extended, c.extended) << int(c.keycode);
     }

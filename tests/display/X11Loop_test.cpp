@@ -23,9 +23,7 @@ TEST_F(X11Loop, WakeAndInvalidateFromOtherThreadsEndAWait)
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
         m_backend->Wake();
     });
-    auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(m_backend->WaitEvents(-1));
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
     waker.join();
 
     std::thread invalidator([&] {

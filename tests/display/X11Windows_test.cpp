@@ -136,11 +136,14 @@ TEST_F(X11Windows, MaximiseAndMinimiseWithoutAWindowManager)
     EXPECT_EQ(size[0].lParam, MakeLParam(1280, 1024));
     EXPECT_EQ(EdgesOf(m_backend->GetWindowBox(window)), (Edges{0, 0, 1280, 1024}));
 
+    // Minimising unmaps the window, which reports a size change and no hiding.
     m_backend->Show(window, ShowCommand::Minimised);
     SyncBackend();
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Minimised);
     EXPECT_EQ(probe.Words(window, "_NET_WM_STATE"), std::vector<uint32_t>{hidden});
     EXPECT_FALSE(probe.IsMapped(window));
+    ASSERT_TRUE(PumpUntil([&] { return Of(window, {WM_SIZE}).back().wParam == SIZE_MINIMIZED; }));
+    EXPECT_EQ(Count(window, WM_SHOWWINDOW), 1u); // the first showing only
 
     m_backend->Show(window, ShowCommand::Normal);
     SyncBackend();
@@ -153,6 +156,7 @@ TEST_F(X11Windows, MaximiseAndMinimiseWithoutAWindowManager)
     SyncBackend();
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Hide);
     EXPECT_FALSE(probe.IsMapped(window));
+    ASSERT_TRUE(PumpUntil([&] { return Of(window, {WM_SHOWWINDOW}).back().wParam == 0; }));
 }
 
 // The probe plays window manager: it announces itself and takes the requests clients send.

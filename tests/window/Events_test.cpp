@@ -43,17 +43,3 @@ TEST(KeyCode, KeepsTheKeyAndTheModifiersApart)
     EXPECT_FALSE(code.IsShift());
     EXPECT_EQ(KeyCode(code.GetFullCode()), code);
 }
-
-TEST(MouseEvent, ReadsSignedPositionButtonsAndModifiersFromTheMessage)
-{
-    MouseEvent e;
-    e.Fill(MK_LBUTTON | MK_MBUTTON | MK_SHIFT | MK_CONTROL | 0x20, MakeLParam(-1, -32768));
-    EXPECT_EQ(e.GetPosPixel().x, -1);
-    EXPECT_EQ(e.GetPosPixel().y, -32768);
-    EXPECT_EQ(e.GetButtons(), MOUSE_LEFT | MOUSE_MIDDLE);
-    EXPECT_EQ(e.GetModifier(), KEY_SHIFT | KEY_MOD1);
-    e.Fill(MK_RBUTTON, MakeLParam(32767, 0));
-    EXPECT_TRUE(e.IsRight());
-    EXPECT_FALSE(e.IsShift());
-    EXPECT_EQ(e.GetPosPixel().x, 32767);
-}

@@ -38,18 +38,46 @@ TEST_F(HeadlessTest, ShowingSendsWhatAServerSendsThenOnePaint)
     PumpMessages();
     EXPECT_TRUE(w.seen.empty());
 
+    // Maximising and restoring each report the new size once, with its kind.
     w.MoveWindow(30, 40, 120, 60);
+    PumpMessages();
+    w.seen.clear();
     w.ShowWindow(SW_SHOWMAXIMIZED);
     PumpMessages();
     EXPECT_TRUE(w.IsZoomed());
-    EXPECT_EQ(w.GetClientSize().Width(), 1920);
+    ASSERT_EQ(w.Of(WM_SIZE).size(), 1u);
+    EXPECT_EQ(w.Of(WM_SIZE)[0].wParam, SIZE_MAXIMIZED);
+    EXPECT_EQ(w.Of(WM_SIZE)[0].lParam, MakeLParam(1920, 1080));
+    w.seen.clear();
     w.ShowWindow(SW_SHOWNORMAL);
+    PumpMessages();
     EXPECT_EQ(w.GetWindowRect(), CRectangle(30, 40, 150, 100));
+    ASSERT_EQ(w.Of(WM_SIZE).size(), 1u);
+    EXPECT_EQ(w.Of(WM_SIZE)[0].wParam, SIZE_RESTORED);
+    EXPECT_EQ(w.Of(WM_SIZE)[0].lParam, MakeLParam(120, 60));
     w.ShowWindow(SW_SHOWMINIMIZED);
     EXPECT_TRUE(w.IsIconic());
     EXPECT_TRUE(w.IsWindowVisible());
     w.ShowWindow(SW_HIDE);
     EXPECT_FALSE(w.IsWindowVisible());
+}
+
+TEST_F(HeadlessTest, TitleAndShowStateSetThroughCWnd)
+{
+    RecordingWnd w;
+    const NativeWindow h = Make(w);
+    w.SetWindowText("Grüße");
+    EXPECT_EQ(Headless().GetTitle(h), "Grüße");
+    // SW_SHOW brings a hidden window back in the state it was hidden in.
+    for (const int state : {SW_SHOWMINIMIZED, SW_SHOWMAXIMIZED}) {
+        w.ShowWindow(state);
+        w.ShowWindow(SW_HIDE);
+        EXPECT_FALSE(w.IsWindowVisible());
+        w.ShowWindow(SW_SHOW);
+        EXPECT_TRUE(w.IsWindowVisible());
+        EXPECT_EQ(w.IsIconic(), state == SW_SHOWMINIMIZED);
+        EXPECT_EQ(w.IsZoomed(), state == SW_SHOWMAXIMIZED);
+    }
 }
 
 TEST_F(HeadlessTest, ChildrenFollowTheirParentOnScreenAndIntoDestruction)
@@ -149,6 +177,39 @@ TEST_F(HeadlessTest, MouseInputIsPackedWithKeyStateAndSignedCoordinates)
     PumpMessages();
 }
 
+TEST_F(HeadlessTest, CapturedPointerInputGoesToTheCapturingWindowInItsCoordinates)
+{
+    RecordingWnd a, b;
+    const NativeWindow ha = Make(a, 10, 20), hb = Make(b, 300, 100);
+    auto& backend = Headless();
+    a.SetCapture();
+    EXPECT_EQ(backend.GetCapture(), ha);
+    backend.InjectMouseMove(hb, 5, 6);
+    backend.InjectMouseButton(hb, MouseButton::Left, true, 5, 6);
+    backend.InjectMouseButton(hb, MouseButton::Left, false, 5, 6);
+    backend.InjectWheel(hb, 5, 6, 1);
+    a.seen.clear();
+    b.seen.clear();
+    PumpMessages();
+    EXPECT_TRUE(b.seen.empty());
+    const LParam inA = MakeLParam(295, 86);
+    const std::vector<Seen> expected = {
+        {WM_MOUSEMOVE, 0, inA},
+        {WM_LBUTTONDOWN, MK_LBUTTON, inA},
+        {WM_LBUTTONUP, 0, inA},
+        {WM_MOUSEWHEEL, MakeWParam(0, WHEEL_DELTA), MakeLParam(305, 106)}, // screen coordinates
+    };
+    EXPECT_EQ(a.seen, expected);
+
+    CWnd::ReleaseCapture();
+    EXPECT_EQ(backend.GetCapture(), nullptr);
+    backend.InjectMouseButton(hb, MouseButton::Left, true, 5, 6);
+    PumpMessages();
+    EXPECT_EQ(b.Of(WM_LBUTTONDOWN), (std::vector<Seen>{{WM_LBUTTONDOWN, MK_LBUTTON, MakeLParam(5, 6)}}));
+    backend.InjectMouseButton(hb, MouseButton::Left, false, 5, 6);
+    PumpMessages();
+}
+
 TEST_F(HeadlessTest, KeysCarryRepeatScanAndTransitionBits)
 {
     RecordingWnd w;
@@ -207,10 +268,12 @@ TEST_F(HeadlessTest, MessageBoxesAreRecordedAndAnswerWithTheirDefaultButton)
     EXPECT_EQ(VeskMessageBox(nullptr, "Save?", "Editor", MB_YESNOCANCEL), IDYES);
     EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_YESNOCANCEL | MB_DEFBUTTON3), IDCANCEL);
     EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_OKCANCEL | MB_DEFBUTTON2), IDCANCEL);
-    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_RETRYCANCEL), IDRETRY);
-    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", 0xF), IDRETRY); // unknown types read as the last
+    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_OKCANCEL | MB_DEFBUTTON3), IDCANCEL); // past the last
+    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_CANCELTRYCONTINUE), IDCANCEL);
+    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", MB_CANCELTRYCONTINUE | MB_DEFBUTTON2), IDTRYAGAIN);
+    EXPECT_EQ(VeskMessageBox(nullptr, "x", "y", 0xF), IDOK); // unknown types offer OK alone
     const auto boxes = Headless().GetMessageBoxes();
-    ASSERT_EQ(boxes.size(), 5u);
+    ASSERT_EQ(boxes.size(), 7u);
     EXPECT_EQ(boxes[0].text, "Save?");
     EXPECT_EQ(boxes[0].caption, "Editor");
     EXPECT_EQ(boxes[0].type, MB_YESNOCANCEL);

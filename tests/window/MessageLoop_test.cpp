@@ -92,6 +92,25 @@ TEST_F(LoopTest, LoopsNestAndEachQuitEndsTheInnermost)
     EXPECT_EQ(RunMessageLoop(), 1);
 }
 
+TEST_F(LoopTest, AMessagePostedByItsHandlerWaitsForTheNextPass)
+{
+    wnd.ShowWindow(SW_SHOW);
+    PumpMessages();
+    int posts = 0, paints = 0;
+    wnd.on[WM_USER] = [&](WParam, LParam) {
+        if (++posts < 100) // bounded, so a loop that never yields still ends
+            PostMessage(h, WM_USER, 0, 0);
+    };
+    wnd.on[WM_PAINT] = [&](WParam, LParam) { ++paints; };
+    wnd.Invalidate();
+    PostMessage(h, WM_USER, 0, 0);
+    EXPECT_TRUE(PumpMessages());
+    EXPECT_EQ(posts, 1);
+    EXPECT_EQ(paints, 1);
+    EXPECT_TRUE(PumpMessages());
+    EXPECT_EQ(posts, 2);
+}
+
 TEST_F(LoopTest, TimersRepeatUntilKilledAndEndWithTheirWindow)
 {
     ScriptedWnd other;

@@ -34,8 +34,8 @@ public:
     GifPlayer(const GifPlayer&) = delete;
     GifPlayer& operator=(const GifPlayer&) = delete;
 
-    // Starts the player thread; false only when its loop is still running. Without a loaded
-    // animation or a presenter, or while playing, it does nothing and returns true.
+    // Starts the player thread; false while its loop is still running (playing or stopping).
+    // Without a loaded animation or a presenter it does nothing and returns true.
     bool Play(GifPresenter* presenter);
     // Requests a stop and waits until the player has stopped.
     void Stop();

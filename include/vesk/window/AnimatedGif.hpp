@@ -28,8 +28,8 @@ public:
     // "anm"; 1 on success, 0 on failure. The window is sized to the first frame plus the border.
     int Load(const DirEntry& entry);
     bool IsLoaded() const { return m_aGif.IsLoaded(); }
-    // Starts the player thread; false only when its loop is still running. Without a loaded
-    // animation, while playing, or without a native window it does nothing and returns true.
+    // Starts the player thread; false while its loop is still running (playing or stopping).
+    // Without a loaded animation or a native window it does nothing and returns true.
     bool Play();
     // Requests the player to stop and waits for it.
     void Stop() { m_aPlayer.Stop(); }

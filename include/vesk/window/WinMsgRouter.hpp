@@ -104,6 +104,10 @@ public:
     void DecBusy() { m_nBusyCount -= m_nBusyCount > 0; }
     uint32_t GetBusyCount() const { return m_nBusyCount; }
 
+    // How long the pointer rests before a tracked window hears of it, in milliseconds.
+    void SetHoverTime(uint32_t ms) { m_nHoverTime = ms; }
+    uint32_t GetHoverTime() const { return m_nHoverTime; }
+
 private:
     std::unordered_map<const Window*, NativeWindow> m_aWindowToHandle{WINMSGROUTER_HASHSIZE};
     std::unordered_map<NativeWindow, Window*> m_aHandleToWindow{WINMSGROUTER_HASHSIZE};
@@ -115,6 +119,7 @@ private:
     uint32_t m_nFlag = 1;
     uint32_t m_nStartTick = 0;
     uint32_t m_nBusyCount = 0;
+    uint32_t m_nHoverTime = 400;
     uint32_t m_nMapGeneration = 0;
     struct LastFound
     {

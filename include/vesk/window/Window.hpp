@@ -47,7 +47,8 @@ enum : int {
 // A drawing surface on a native window: wraps the window's CWnd, routes its messages through
 // the library's window procedure (hooks, OnProcessMsg, the router's dispatcher, then the
 // procedure it replaced) and turns them into calls of the virtual handlers below. A Window does
-// not own the CWnd; it must be destroyed or unwrapped before the CWnd is deleted.
+// not own the CWnd; delete the CWnd only once the Window is destroyed or the CWnd's native
+// window has been destroyed.
 class VESK_API Window : public OutputDevice
 {
 public:
@@ -87,7 +88,7 @@ public:
     void Invalidate(const CRectangle& r);
     // Asks for hover (673) and leave (675) messages: TME_ bits, the default hover time.
     void InitMouseTracking(unsigned long flags);
-    // The hover time of InitMouseTracking, in milliseconds (400 from the start).
+    // The hover time of InitMouseTracking, in milliseconds (400 after each VeskInit).
     static void SetHoverTime(uint32_t ms);
 
     // Called for every routed message before it is dispatched; the base relays it to the tool
@@ -153,7 +154,7 @@ private:
     WinCursor m_eCursorShown = WinCursor::Arrow;
     bool m_bVisible = false;
     int m_nShowState = 1;
-    std::unique_ptr<MouseEvent> m_pMouseEvent;
+    MouseEvent m_aMouseEvent{this}; // refilled for each mouse message
     ToolTip* m_pToolTip = nullptr;
     bool m_bNoPaint = false;
 };

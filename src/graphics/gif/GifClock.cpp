@@ -1,4 +1,5 @@
 #include <vesk/graphics/GifAnimation.hpp>
+#include "platform/clock.hpp"
 
 #include <chrono>
 #include <thread>
@@ -13,8 +14,7 @@ class SystemGifClock final : public GifClock {
 public:
     uint64_t GetTicks() override
     {
-        return static_cast<uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(
-            std::chrono::steady_clock::now().time_since_epoch()).count());
+        return static_cast<uint64_t>(platform::TickCountMs());
     }
     void Sleep(uint32_t milliseconds) override { std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds)); }
 };

@@ -50,9 +50,12 @@ struct WindowBox
 //   mouse 512 move, 513/514 left down/up, 516/517 right, 519/520 middle, 515/518/521 double
 //     clicks (second press within 500 ms and 2 pixels): lParam MAKELPARAM(x, y) in signed
 //     16-bit client coordinates, wParam the MK_ bits (1 left, 2 right, 4 shift, 8 control,
-//     0x10 middle) as they are after the event;
-//   522 wheel: wParam high word the signed delta (120 per notch, positive away from the
-//     user), low word the MK_ bits; lParam MAKELPARAM of the pointer in screen coordinates;
+//     0x10 middle, 0x20/0x40 side buttons) as they are after the event;
+//   523/524 side button down/up, 525 its double click: as above, with the button (1 or 2)
+//     in wParam's high word;
+//   522 wheel, 526 horizontal wheel: wParam high word the signed delta (120 per notch,
+//     positive away from the user or to the right), low word the MK_ bits; lParam
+//     MAKELPARAM of the pointer in screen coordinates;
 //   675 the pointer left the window (sent always; the framework passes it on only to windows
 //     that asked for it);
 //   256/257 key down/up (260/261 with Alt held): wParam the virtual-key code, lParam repeat

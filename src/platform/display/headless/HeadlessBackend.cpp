@@ -1,10 +1,10 @@
 #include "platform/display/headless/HeadlessWindow_p.hpp"
 
 #include <vesk/frame/WinMessages.hpp>
+#include "platform/display/MessageBoxButtons.hpp"
+#include "platform/message_box.hpp"
 
 #include <algorithm>
-#include <chrono>
-#include <cstdio>
 
 namespace vesk::display {
 
@@ -142,30 +142,36 @@ void HeadlessBackend::MoveWindow(NativeWindow window, int32_t x, int32_t y, int3
     WindowPtr w = Find(window);
     if (!w)
         return;
-    width = ClampSide(width);
-    height = ClampSide(height);
     std::lock_guard paint(w->paintLock);
     if (w->dead)
         return;
     std::lock_guard lock(m_aMutex);
-    const bool moved = x != w->x || y != w->y;
-    const bool resized = width != w->width || height != w->height;
-    w->x = x;
-    w->y = y;
-    w->width = width;
-    w->height = height;
-    if (resized)
-        w->Resize(NewSurface(width, height));
+    const Placement placed = PlaceLocked(*w, x, y, width, height);
     if (!w->visible)
         return;
-    if (moved) {
+    if (placed.moved) {
         const WindowBox box = GetBoxLocked(*w);
         Queue(window, WM_MOVE, 0, MakeLParam(box.left, box.top));
     }
-    if (resized) {
-        Queue(window, WM_SIZE, SIZE_RESTORED, MakeLParam(width, height));
+    if (placed.resized) {
+        Queue(window, WM_SIZE, SIZE_RESTORED, MakeLParam(w->width, w->height));
         InvalidateLocked(*w, nullptr);
     }
+}
+
+HeadlessBackend::Placement HeadlessBackend::PlaceLocked(HWindow& w, int32_t x, int32_t y, int32_t width,
+                                                        int32_t height)
+{
+    width = ClampSide(width);
+    height = ClampSide(height);
+    const Placement placed{x != w.x || y != w.y, width != w.width || height != w.height};
+    w.x = x;
+    w.y = y;
+    w.width = width;
+    w.height = height;
+    if (placed.resized)
+        w.Resize(NewSurface(width, height));
+    return placed;
 }
 
 bool HeadlessBackend::SetParent(NativeWindow window, NativeWindow parent, int32_t x, int32_t y)
@@ -225,22 +231,21 @@ void HeadlessBackend::Show(NativeWindow window, ShowCommand command)
     WindowPtr w = Find(window);
     if (!w)
         return;
-    ShowCommand current;
-    WindowBox restore;
-    {
-        std::lock_guard lock(m_aMutex);
-        current = w->state;
-        if (command == ShowCommand::Maximised && current != ShowCommand::Maximised)
-            w->normalBox = {w->x, w->y, w->x + w->width, w->y + w->height};
-        restore = w->normalBox;
-    }
-    if (command == ShowCommand::Maximised && current != ShowCommand::Maximised)
-        MoveWindow(window, 0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
-    else if (command == ShowCommand::Normal && current == ShowCommand::Maximised)
-        MoveWindow(window, restore.left, restore.top, restore.right - restore.left, restore.bottom - restore.top);
+    std::lock_guard paint(w->paintLock);
+    if (w->dead)
+        return;
     std::lock_guard lock(m_aMutex);
     const bool wasVisible = w->visible;
     const ShowCommand was = w->state;
+    // Maximising and restoring move and size the window; the one WM_SIZE below reports both.
+    Placement placed{false, false};
+    if (command == ShowCommand::Maximised && was != ShowCommand::Maximised) {
+        w->normalBox = {w->x, w->y, w->x + w->width, w->y + w->height};
+        placed = PlaceLocked(*w, 0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
+    } else if (command == ShowCommand::Normal && was == ShowCommand::Maximised) {
+        const WindowBox r = w->normalBox;
+        placed = PlaceLocked(*w, r.left, r.top, r.right - r.left, r.bottom - r.top);
+    }
     w->visible = command != ShowCommand::Hide;
     if (w->visible)
         w->state = command;
@@ -251,12 +256,17 @@ void HeadlessBackend::Show(NativeWindow window, ShowCommand command)
             ChangeFocusLocked(nullptr);
         return;
     }
-    if (!wasVisible)
+    if (!wasVisible) {
         QueueShowEvents(window, *w);
-    else if (was != command)
+    } else if (was != command) {
+        if (placed.moved) {
+            const WindowBox box = GetBoxLocked(*w);
+            Queue(window, WM_MOVE, 0, MakeLParam(box.left, box.top));
+        }
         Queue(window, WM_SIZE, command == ShowCommand::Minimised ? SIZE_MINIMIZED
                                : command == ShowCommand::Maximised ? SIZE_MAXIMIZED : SIZE_RESTORED,
               MakeLParam(w->width, w->height));
+    }
     InvalidateLocked(*w, nullptr);
 }
 
@@ -382,14 +392,9 @@ int HeadlessBackend::MessageBox(NativeWindow owner, const std::string& text, con
         std::lock_guard lock(m_aMutex);
         m_aMessageBoxes.push_back({owner, text, caption, type});
     }
-    std::fprintf(stderr, "%s: %s\n", caption.c_str(), text.c_str());
+    platform::StderrMessageBox(text.c_str(), caption.c_str());
     // Nobody can answer: the box returns its default button.
-    static const int buttons[6][3] = {{IDOK, IDOK, IDOK},          {IDOK, IDCANCEL, IDCANCEL},
-                                      {IDABORT, IDRETRY, IDIGNORE}, {IDYES, IDNO, IDCANCEL},
-                                      {IDYES, IDNO, IDNO},          {IDRETRY, IDCANCEL, IDCANCEL}};
-    const uint32_t kind = std::min<uint32_t>(type & 0xF, 5);
-    const uint32_t button = std::min<uint32_t>((type >> 8) & 0xF, 2);
-    return buttons[kind][button];
+    return DefaultMessageBoxResult(type);
 }
 
 std::vector<MessageBoxRecord> HeadlessBackend::GetMessageBoxes() const

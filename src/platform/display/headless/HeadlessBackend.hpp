@@ -108,10 +108,16 @@ private:
     WindowPtr Find(NativeWindow window) const;
     void Queue(NativeWindow window, uint32_t message, WParam wParam, LParam lParam);
     void QueueShowEvents(NativeWindow window, const HWindow& w);
+    struct Placement
+    {
+        bool moved, resized;
+    };
+    // Moves and sizes the window, queueing nothing; needs its paint lock and the mutex.
+    Placement PlaceLocked(HWindow& w, int32_t x, int32_t y, int32_t width, int32_t height);
     void InvalidateLocked(HWindow& w, const WindowBox* box);
     void DestroyTree(NativeWindow window);
-    void QueueButtonEvent(NativeWindow window, uint32_t message, int32_t x, int32_t y, uint32_t modifiers);
     WParam MouseKeyState(uint32_t modifiers) const;
+    NativeWindow PointerTargetLocked(NativeWindow window, int32_t& x, int32_t& y) const;
     void ChangeFocusLocked(NativeWindow window);
     NativeWindow TopLevelLocked(NativeWindow window) const;
     WindowBox GetBoxLocked(const HWindow& w) const;

@@ -4,8 +4,8 @@
 #include "platform/display/headless/HeadlessWindow_p.hpp"
 
 #include <vesk/frame/WinMessages.hpp>
-
-#include <chrono>
+#include "platform/clock.hpp"
+#include "platform/display/KeyParams.hpp"
 
 namespace vesk::display {
 
@@ -14,33 +14,24 @@ namespace {
 constexpr uint32_t BUTTON_BITS[3] = {MK_LBUTTON, MK_RBUTTON, MK_MBUTTON};
 constexpr uint32_t BUTTON_DOWN[3] = {WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN};
 
-int64_t NowMs()
-{
-    return std::chrono::duration_cast<std::chrono::milliseconds>(
-               std::chrono::steady_clock::now().time_since_epoch()).count();
-}
-
 // A scan code for the key: the set-1 codes of a PC keyboard for the common keys, else 0.
-uint32_t ScanCode(uint32_t vk)
+ScanCode ScanCodeOfKey(uint32_t vk)
 {
+    const bool extended =
+        (vk >= VK_PRIOR && vk <= VK_DOWN) || vk == VK_INSERT || vk == VK_DELETE || vk == VK_DIVIDE;
     static const char* const rows = "QWERTYUIOP";
-    for (uint32_t i = 0; rows[i]; ++i) {
+    for (uint8_t i = 0; rows[i]; ++i) {
         if (vk == static_cast<uint32_t>(rows[i]))
-            return 0x10 + i;
+            return {static_cast<uint8_t>(0x10 + i), extended};
     }
     switch (vk) {
-    case VK_ESCAPE: return 0x01;
-    case VK_BACK: return 0x0E;
-    case VK_TAB: return 0x0F;
-    case VK_RETURN: return 0x1C;
-    case VK_SPACE: return 0x39;
-    default: return 0;
+    case VK_ESCAPE: return {0x01, extended};
+    case VK_BACK: return {0x0E, extended};
+    case VK_TAB: return {0x0F, extended};
+    case VK_RETURN: return {0x1C, extended};
+    case VK_SPACE: return {0x39, extended};
+    default: return {0, extended};
     }
-}
-
-bool IsExtendedKey(uint32_t vk)
-{
-    return (vk >= VK_PRIOR && vk <= VK_DOWN) || vk == VK_INSERT || vk == VK_DELETE || vk == VK_DIVIDE;
 }
 
 } // namespace
@@ -51,11 +42,26 @@ WParam HeadlessBackend::MouseKeyState(uint32_t modifiers) const
            (modifiers & HEADLESS_CONTROL ? uint32_t{MK_CONTROL} : 0u);
 }
 
+// While a window has the capture, pointer input goes to it, moved into its client coordinates,
+// as a pointer grab does.
+NativeWindow HeadlessBackend::PointerTargetLocked(NativeWindow window, int32_t& x, int32_t& y) const
+{
+    auto from = m_aWindows.find(reinterpret_cast<uintptr_t>(window));
+    auto to = m_aWindows.find(reinterpret_cast<uintptr_t>(m_hCapture));
+    if (to == m_aWindows.end() || from == m_aWindows.end() || from == to)
+        return window;
+    const WindowBox a = GetBoxLocked(*from->second), b = GetBoxLocked(*to->second);
+    x += a.left - b.left;
+    y += a.top - b.top;
+    return m_hCapture;
+}
+
 void HeadlessBackend::InjectMouseMove(NativeWindow window, int32_t x, int32_t y, uint32_t modifiers)
 {
     std::lock_guard lock(m_aMutex);
     if (!m_aWindows.count(reinterpret_cast<uintptr_t>(window)))
         return;
+    window = PointerTargetLocked(window, x, y);
     // Moving onto another window is leaving the one under the pointer.
     if (m_hPointer && m_hPointer != window)
         Queue(m_hPointer, WM_MOUSELEAVE, 0, 0);
@@ -79,12 +85,13 @@ void HeadlessBackend::InjectMouseButton(NativeWindow window, MouseButton button,
     std::lock_guard lock(m_aMutex);
     if (!m_aWindows.count(reinterpret_cast<uintptr_t>(window)))
         return;
+    window = PointerTargetLocked(window, x, y);
     const auto b = static_cast<size_t>(button);
     uint32_t message;
     if (down) {
         m_nButtons |= BUTTON_BITS[b];
         message = BUTTON_DOWN[b];
-        if (m_aClicks.Press(reinterpret_cast<uintptr_t>(window), message, uint32_t(NowMs()), x, y))
+        if (m_aClicks.Press(reinterpret_cast<uintptr_t>(window), message, uint32_t(platform::TickCountMs()), x, y))
             message += 2; // the double-click message
     } else {
         m_nButtons &= ~BUTTON_BITS[b];
@@ -100,8 +107,11 @@ void HeadlessBackend::InjectWheel(NativeWindow window, int32_t x, int32_t y, int
     if (it == m_aWindows.end())
         return;
     const WindowBox box = GetBoxLocked(*it->second);
-    const uint32_t delta = static_cast<uint16_t>(notches * WHEEL_DELTA);
-    Queue(window, WM_MOUSEWHEEL, (delta << 16) | MouseKeyState(modifiers), MakeLParam(box.left + x, box.top + y));
+    const LParam screen = MakeLParam(box.left + x, box.top + y); // wheel messages carry screen coordinates
+    window = PointerTargetLocked(window, x, y);
+    const WParam wParam =
+        MakeWParam(static_cast<uint32_t>(MouseKeyState(modifiers)), static_cast<uint32_t>(notches * WHEEL_DELTA));
+    Queue(window, WM_MOUSEWHEEL, wParam, screen);
 }
 
 void HeadlessBackend::InjectKey(NativeWindow window, uint32_t virtualKey, bool down, char16_t text,
@@ -111,17 +121,11 @@ void HeadlessBackend::InjectKey(NativeWindow window, uint32_t virtualKey, bool d
     if (!m_aWindows.count(reinterpret_cast<uintptr_t>(window)))
         return;
     const bool alt = modifiers & HEADLESS_ALT;
-    uint32_t bits = 1 | ScanCode(virtualKey) << 16;
-    if (IsExtendedKey(virtualKey))
-        bits |= 1u << 24;
-    if (alt)
-        bits |= 1u << 29;
-    if (!down)
-        bits |= 3u << 30;
+    const LParam lParam = KeyLParam(ScanCodeOfKey(virtualKey), alt, !down, !down);
     const uint32_t message = (down ? WM_KEYDOWN : WM_KEYUP) + (alt ? WM_SYSKEYDOWN - WM_KEYDOWN : 0);
-    Queue(window, message, virtualKey & 0xFF, static_cast<int32_t>(bits));
+    Queue(window, message, virtualKey & 0xFF, lParam);
     if (down && text)
-        Queue(window, alt ? WM_SYSCHAR : WM_CHAR, text, static_cast<int32_t>(bits));
+        Queue(window, alt ? WM_SYSCHAR : WM_CHAR, text, lParam);
 }
 
 void HeadlessBackend::InjectExpose(NativeWindow window, const WindowBox* box)

@@ -52,6 +52,7 @@ struct WindowRecord
     bool destroying = false;        // WM_DESTROY sent, the record is about to go
     bool reparented = false;        // a window manager framed it: its own events give sizes only
     WindowBox reported;             // the box of the last WM_MOVE and WM_SIZE
+    bool iconic = false;            // WM_SIZE SIZE_MINIMIZED sent since it was last shown otherwise
 
     // Painting, guarded by paintLock; the lock is held from GetSurface/BeginPaint to
     // ReleaseSurface/EndPaint so that a background thread and the UI thread take turns.
@@ -134,6 +135,8 @@ private:
     void OnConfigure(const xcb_configure_notify_event_t& event);
     void OnClientMessage(const xcb_client_message_event_t& event);
     void OnProperty(const xcb_property_notify_event_t& event);
+    // Sends WM_SIZE SIZE_MINIMIZED once per minimising; false when the window is not minimised.
+    bool ReportMinimised(xcb_window_t id);
     void DeliverPaints();
 
     std::unique_ptr<Connection> m_connection;

@@ -13,10 +13,14 @@ namespace vesk::display::x11 {
 
 namespace {
 
-xcb_atom_t InternAtom(xcb_connection_t* xcb, const char* name)
+xcb_intern_atom_cookie_t InternAtom(xcb_connection_t* xcb, const char* name)
 {
-    xcb_intern_atom_reply_t* reply
-        = xcb_intern_atom_reply(xcb, xcb_intern_atom(xcb, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr);
+    return xcb_intern_atom(xcb, 0, static_cast<uint16_t>(std::strlen(name)), name);
+}
+
+xcb_atom_t AtomReply(xcb_connection_t* xcb, xcb_intern_atom_cookie_t cookie)
+{
+    xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(xcb, cookie, nullptr);
     xcb_atom_t atom = reply ? reply->atom : XCB_NONE;
     std::free(reply);
     return atom;
@@ -64,13 +68,16 @@ Connection::Connection(xcb_connection_t* xcb, xcb_screen_t* screen, int wakeFd)
     : m_xcb(xcb), m_screen(screen), m_wakeFd(wakeFd)
 {
     m_visual = FindVisual(screen);
+    // Every request goes out before the first reply is awaited: one round trip in all.
     xcb_intern_atom_cookie_t* cookies = xcb_ewmh_init_atoms(xcb, &m_ewmh);
+    const xcb_intern_atom_cookie_t protocols = InternAtom(xcb, "WM_PROTOCOLS");
+    const xcb_intern_atom_cookie_t deleteWindow = InternAtom(xcb, "WM_DELETE_WINDOW");
+    const xcb_intern_atom_cookie_t changeState = InternAtom(xcb, "WM_CHANGE_STATE");
     if (!xcb_ewmh_init_atoms_replies(&m_ewmh, cookies, nullptr))
         m_ewmh.connection = nullptr;
-    m_atoms.wmProtocols = InternAtom(xcb, "WM_PROTOCOLS");
-    m_atoms.wmDeleteWindow = InternAtom(xcb, "WM_DELETE_WINDOW");
-    m_atoms.wmChangeState = InternAtom(xcb, "WM_CHANGE_STATE");
-    m_atoms.wmState = InternAtom(xcb, "WM_STATE");
+    m_atoms.wmProtocols = AtomReply(xcb, protocols);
+    m_atoms.wmDeleteWindow = AtomReply(xcb, deleteWindow);
+    m_atoms.wmChangeState = AtomReply(xcb, changeState);
 }
 
 Connection::~Connection()

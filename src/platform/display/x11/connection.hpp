@@ -15,7 +15,6 @@ struct Atoms
     xcb_atom_t wmProtocols = XCB_NONE;
     xcb_atom_t wmDeleteWindow = XCB_NONE;
     xcb_atom_t wmChangeState = XCB_NONE;
-    xcb_atom_t wmState = XCB_NONE;
 };
 
 class Connection

@@ -1,6 +1,7 @@
 #include "platform/display/x11/dialog.hpp"
 
 #include <vesk/frame/WinMessages.hpp>
+#include "platform/display/MessageBoxButtons.hpp"
 #include "platform/display/x11/backend.hpp"
 #include "platform/display/x11/properties.hpp"
 
@@ -20,9 +21,6 @@ constexpr int32_t kButtonHeight = 26;
 constexpr int32_t kButtonGap = 8;
 constexpr int32_t kMaxTextWidth = 420;
 constexpr const char* kFont = "Sans 10";
-
-constexpr uint16_t VK_TAB = 0x09, VK_RETURN = 0x0D, VK_ESCAPE = 0x1B, VK_SPACE = 0x20, VK_LEFT = 0x25,
-                   VK_RIGHT = 0x27;
 
 const char* Label(int result)
 {
@@ -278,19 +276,6 @@ bool IsInput(const xcb_generic_event_t* event)
 
 } // namespace
 
-std::vector<int> DialogButtons(uint32_t type)
-{
-    switch (type & MB_TYPEMASK) {
-    case MB_OKCANCEL: return {IDOK, IDCANCEL};
-    case MB_ABORTRETRYIGNORE: return {IDABORT, IDRETRY, IDIGNORE};
-    case MB_YESNOCANCEL: return {IDYES, IDNO, IDCANCEL};
-    case MB_YESNO: return {IDYES, IDNO};
-    case MB_RETRYCANCEL: return {IDRETRY, IDCANCEL};
-    case MB_CANCELTRYCONTINUE: return {IDCANCEL, IDTRYAGAIN, IDCONTINUE};
-    default: return {IDOK};
-    }
-}
-
 WindowBox DialogButtonBox(int32_t dialogWidth, int32_t dialogHeight, int index, int count)
 {
     int32_t right = dialogWidth - kPadding - (count - 1 - index) * (kButtonWidth + kButtonGap);
@@ -300,8 +285,8 @@ WindowBox DialogButtonBox(int32_t dialogWidth, int32_t dialogHeight, int index, 
 
 int X11Backend::MessageBox(NativeWindow owner, const std::string& text, const std::string& caption, uint32_t type)
 {
-    std::vector<int> buttons = DialogButtons(type);
-    int focus = std::min(static_cast<int>((type & MB_DEFMASK) >> 8), static_cast<int>(buttons.size()) - 1);
+    std::vector<int> buttons = MessageBoxButtons(type);
+    int focus = DefaultButtonIndex(type, buttons.size());
     std::shared_ptr<WindowRecord> ownerRecord = Find(owner);
     Dialog dialog(*m_connection, m_keymap.get(), std::move(buttons), focus);
     if (m_connection->Broken()

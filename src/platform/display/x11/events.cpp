@@ -163,9 +163,14 @@ bool X11Backend::Translate(const xcb_generic_event_t* event, const xcb_generic_e
     case XCB_MAP_NOTIFY:
         Send(reinterpret_cast<const xcb_map_notify_event_t*>(event)->window, WM_SHOWWINDOW, 1, 0);
         break;
-    case XCB_UNMAP_NOTIFY:
-        Send(reinterpret_cast<const xcb_unmap_notify_event_t*>(event)->window, WM_SHOWWINDOW, 0, 0);
+    case XCB_UNMAP_NOTIFY: {
+        // Minimising unmaps the window (ours without a window manager, the manager's when it
+        // iconifies it): that is a size change, not hiding.
+        const xcb_window_t id = reinterpret_cast<const xcb_unmap_notify_event_t*>(event)->window;
+        if (!ReportMinimised(id))
+            Send(id, WM_SHOWWINDOW, 0, 0);
         break;
+    }
     case XCB_FOCUS_IN:
     case XCB_FOCUS_OUT: {
         const auto& focus = *reinterpret_cast<const xcb_focus_in_event_t*>(event);
@@ -311,9 +316,35 @@ void X11Backend::OnProperty(const xcb_property_notify_event_t& event)
     if (!record || !record->reparented)
         return;
     ShowCommand state = ReadNetState(*m_connection, event.window);
-    std::lock_guard lock(m_mutex);
-    if (record->state != ShowCommand::Hide)
+    {
+        std::lock_guard lock(m_mutex);
+        if (record->state == ShowCommand::Hide)
+            return;
         record->state = state;
+        if (state != ShowCommand::Minimised)
+            record->iconic = false;
+    }
+    ReportMinimised(event.window);
+}
+
+bool X11Backend::ReportMinimised(xcb_window_t id)
+{
+    std::shared_ptr<WindowRecord> record = Find(id);
+    if (!record)
+        return false;
+    bool first;
+    LParam size;
+    {
+        std::lock_guard lock(m_mutex);
+        if (record->state != ShowCommand::Minimised)
+            return false;
+        first = !record->iconic;
+        record->iconic = true;
+        size = MakeLParam(record->width, record->height);
+    }
+    if (first)
+        Send(id, WM_SIZE, SIZE_MINIMIZED, size);
+    return true;
 }
 
 void X11Backend::DeliverPaints()

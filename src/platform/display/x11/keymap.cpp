@@ -20,68 +20,68 @@ struct SymKey
 
 // Sorted by key symbol. Keypad keys without Num Lock give the navigation keys they carry.
 constexpr SymKey kSymKeys[] = {
-    {XKB_KEY_ISO_Left_Tab, 0x09},
-    {XKB_KEY_BackSpace, 0x08},
-    {XKB_KEY_Tab, 0x09},
-    {XKB_KEY_Clear, 0x0C},
-    {XKB_KEY_Return, 0x0D},
-    {XKB_KEY_Pause, 0x13},
-    {XKB_KEY_Scroll_Lock, 0x91},
-    {XKB_KEY_Sys_Req, 0x2C},
-    {XKB_KEY_Escape, 0x1B},
-    {XKB_KEY_Home, 0x24},
-    {XKB_KEY_Left, 0x25},
-    {XKB_KEY_Up, 0x26},
-    {XKB_KEY_Right, 0x27},
-    {XKB_KEY_Down, 0x28},
-    {XKB_KEY_Prior, 0x21},
-    {XKB_KEY_Next, 0x22},
-    {XKB_KEY_End, 0x23},
-    {XKB_KEY_Select, 0x29},
-    {XKB_KEY_Print, 0x2C},
-    {XKB_KEY_Execute, 0x2B},
-    {XKB_KEY_Insert, 0x2D},
-    {XKB_KEY_Menu, 0x5D},
-    {XKB_KEY_Help, 0x2F},
-    {XKB_KEY_Break, 0x03},
-    {XKB_KEY_Num_Lock, 0x90},
-    {XKB_KEY_KP_Enter, 0x0D},
-    {XKB_KEY_KP_Home, 0x24},
-    {XKB_KEY_KP_Left, 0x25},
-    {XKB_KEY_KP_Up, 0x26},
-    {XKB_KEY_KP_Right, 0x27},
-    {XKB_KEY_KP_Down, 0x28},
-    {XKB_KEY_KP_Prior, 0x21},
-    {XKB_KEY_KP_Next, 0x22},
-    {XKB_KEY_KP_End, 0x23},
-    {XKB_KEY_KP_Begin, 0x0C},
-    {XKB_KEY_KP_Insert, 0x2D},
-    {XKB_KEY_KP_Delete, 0x2E},
-    {XKB_KEY_KP_Multiply, 0x6A},
-    {XKB_KEY_KP_Add, 0x6B},
-    {XKB_KEY_KP_Separator, 0x6C},
-    {XKB_KEY_KP_Subtract, 0x6D},
-    {XKB_KEY_KP_Decimal, 0x6E},
-    {XKB_KEY_KP_Divide, 0x6F},
+    {XKB_KEY_ISO_Left_Tab, VK_TAB},
+    {XKB_KEY_BackSpace, VK_BACK},
+    {XKB_KEY_Tab, VK_TAB},
+    {XKB_KEY_Clear, VK_CLEAR},
+    {XKB_KEY_Return, VK_RETURN},
+    {XKB_KEY_Pause, VK_PAUSE},
+    {XKB_KEY_Scroll_Lock, VK_SCROLL},
+    {XKB_KEY_Sys_Req, VK_SNAPSHOT},
+    {XKB_KEY_Escape, VK_ESCAPE},
+    {XKB_KEY_Home, VK_HOME},
+    {XKB_KEY_Left, VK_LEFT},
+    {XKB_KEY_Up, VK_UP},
+    {XKB_KEY_Right, VK_RIGHT},
+    {XKB_KEY_Down, VK_DOWN},
+    {XKB_KEY_Prior, VK_PRIOR},
+    {XKB_KEY_Next, VK_NEXT},
+    {XKB_KEY_End, VK_END},
+    {XKB_KEY_Select, VK_SELECT},
+    {XKB_KEY_Print, VK_SNAPSHOT},
+    {XKB_KEY_Execute, VK_EXECUTE},
+    {XKB_KEY_Insert, VK_INSERT},
+    {XKB_KEY_Menu, VK_APPS},
+    {XKB_KEY_Help, VK_HELP},
+    {XKB_KEY_Break, VK_CANCEL},
+    {XKB_KEY_Num_Lock, VK_NUMLOCK},
+    {XKB_KEY_KP_Enter, VK_RETURN},
+    {XKB_KEY_KP_Home, VK_HOME},
+    {XKB_KEY_KP_Left, VK_LEFT},
+    {XKB_KEY_KP_Up, VK_UP},
+    {XKB_KEY_KP_Right, VK_RIGHT},
+    {XKB_KEY_KP_Down, VK_DOWN},
+    {XKB_KEY_KP_Prior, VK_PRIOR},
+    {XKB_KEY_KP_Next, VK_NEXT},
+    {XKB_KEY_KP_End, VK_END},
+    {XKB_KEY_KP_Begin, VK_CLEAR},
+    {XKB_KEY_KP_Insert, VK_INSERT},
+    {XKB_KEY_KP_Delete, VK_DELETE},
+    {XKB_KEY_KP_Multiply, VK_MULTIPLY},
+    {XKB_KEY_KP_Add, VK_ADD},
+    {XKB_KEY_KP_Separator, VK_SEPARATOR},
+    {XKB_KEY_KP_Subtract, VK_SUBTRACT},
+    {XKB_KEY_KP_Decimal, VK_DECIMAL},
+    {XKB_KEY_KP_Divide, VK_DIVIDE},
     {XKB_KEY_Shift_L, VK_SHIFT},
     {XKB_KEY_Shift_R, VK_SHIFT},
     {XKB_KEY_Control_L, VK_CONTROL},
     {XKB_KEY_Control_R, VK_CONTROL},
-    {XKB_KEY_Caps_Lock, 0x14},
+    {XKB_KEY_Caps_Lock, VK_CAPITAL},
     {XKB_KEY_Meta_L, VK_MENU},
     {XKB_KEY_Meta_R, VK_MENU},
     {XKB_KEY_Alt_L, VK_MENU},
     {XKB_KEY_Alt_R, VK_MENU},
-    {XKB_KEY_Super_L, 0x5B},
-    {XKB_KEY_Super_R, 0x5C},
+    {XKB_KEY_Super_L, VK_LWIN},
+    {XKB_KEY_Super_R, VK_RWIN},
     {XKB_KEY_Delete, VK_DELETE},
-    {XKB_KEY_XF86AudioLowerVolume, 0xAE},
-    {XKB_KEY_XF86AudioMute, 0xAD},
-    {XKB_KEY_XF86AudioRaiseVolume, 0xAF},
-    {XKB_KEY_XF86AudioPlay, platform::VK_MEDIA_PLAY_PAUSE},
-    {XKB_KEY_XF86AudioStop, platform::VK_MEDIA_STOP},
-    {XKB_KEY_XF86AudioPrev, platform::VK_MEDIA_PREV_TRACK},
-    {XKB_KEY_XF86AudioNext, platform::VK_MEDIA_NEXT_TRACK},
+    {XKB_KEY_XF86AudioLowerVolume, VK_VOLUME_DOWN},
+    {XKB_KEY_XF86AudioMute, VK_VOLUME_MUTE},
+    {XKB_KEY_XF86AudioRaiseVolume, VK_VOLUME_UP},
+    {XKB_KEY_XF86AudioPlay, VK_MEDIA_PLAY_PAUSE},
+    {XKB_KEY_XF86AudioStop, VK_MEDIA_STOP},
+    {XKB_KEY_XF86AudioPrev, VK_MEDIA_PREV_TRACK},
+    {XKB_KEY_XF86AudioNext, VK_MEDIA_NEXT_TRACK},
 };
 
 static_assert(std::is_sorted(std::begin(kSymKeys), std::end(kSymKeys),
@@ -138,9 +138,9 @@ void AppendUtf16(std::u16string& text, uint32_t cp)
 uint16_t KeySymToVirtualKey(xkb_keysym_t sym)
 {
     if (sym >= XKB_KEY_F1 && sym <= XKB_KEY_F24)
-        return static_cast<uint16_t>(0x70 + (sym - XKB_KEY_F1));
+        return static_cast<uint16_t>(VK_F1 + (sym - XKB_KEY_F1));
     if (sym >= XKB_KEY_KP_0 && sym <= XKB_KEY_KP_9)
-        return static_cast<uint16_t>(0x60 + (sym - XKB_KEY_KP_0));
+        return static_cast<uint16_t>(VK_NUMPAD0 + (sym - XKB_KEY_KP_0));
     // Printable ASCII: the key that types it on a US keyboard (letters and digits are their
     // own upper-case code, punctuation the OEM keys).
     if (sym >= XKB_KEY_space && sym <= XKB_KEY_asciitilde) {
@@ -163,20 +163,6 @@ ScanCode ScanCodeOf(xcb_keycode_t keycode)
         if (entry.evdev == evdev)
             return {entry.scan, entry.extended};
     return {};
-}
-
-LParam KeyLParam(ScanCode scan, bool altHeld, bool wasDown, bool released)
-{
-    uint32_t packed = 1u | static_cast<uint32_t>(scan.code) << 16;
-    if (scan.extended)
-        packed |= 1u << 24;
-    if (altHeld)
-        packed |= 1u << 29;
-    if (wasDown)
-        packed |= 1u << 30;
-    if (released)
-        packed |= 1u << 31;
-    return static_cast<LParam>(static_cast<int32_t>(packed));
 }
 
 std::unique_ptr<Keymap> Keymap::Create(xcb_connection_t* xcb)

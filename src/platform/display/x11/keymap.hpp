@@ -3,7 +3,7 @@
 // Keyboard: X key codes and key symbols to the platform's virtual-key codes, scan codes and
 // key-message parameters, with the typed text from libxkbcommon's keymap of the server.
 
-#include <vesk/frame/NativeWindow.hpp>
+#include "platform/display/KeyParams.hpp"
 
 #include <xcb/xcb.h>
 #include <xkbcommon/xkbcommon.h>
@@ -14,26 +14,11 @@
 
 namespace vesk::display::x11 {
 
-inline constexpr uint16_t VK_SHIFT = 0x10;
-inline constexpr uint16_t VK_CONTROL = 0x11;
-inline constexpr uint16_t VK_MENU = 0x12; // Alt
-inline constexpr uint16_t VK_F10 = 0x79;
-inline constexpr uint16_t VK_DELETE = 0x2E;
-
 // Virtual-key code of a key symbol; 0 for symbols without one.
 uint16_t KeySymToVirtualKey(xkb_keysym_t sym);
 
 // Set-1 scan code of an X key code (evdev numbering plus 8) and whether it is an extended key.
-struct ScanCode
-{
-    uint8_t code = 0;
-    bool extended = false;
-};
 ScanCode ScanCodeOf(xcb_keycode_t keycode);
-
-// lParam of a key message: repeat count 1, scan code in bits 16-23, extended bit 24, Alt held
-// bit 29, previous key state bit 30, transition bit 31 (set on release).
-LParam KeyLParam(ScanCode scan, bool altHeld, bool wasDown, bool released);
 
 class Keymap
 {

@@ -172,6 +172,8 @@ void X11Backend::ApplyState(WindowRecord& record, ShowCommand command)
     }
     std::lock_guard lock(m_mutex);
     record.state = record.kind == WindowKind::Child && command != ShowCommand::Hide ? ShowCommand::Normal : command;
+    if (command != ShowCommand::Minimised)
+        record.iconic = false;
 }
 
 } // namespace vesk::display::x11
