@@ -145,6 +145,22 @@ TEST_F(DockStepTest, EmergencyPlacesInAThousandByEightHundredParent)
     EXPECT_EQ(HostRect(tall), CRectangle(750, 0, 1000, 800));
 }
 
+TEST_F(DockStepTest, RoomInTheNeighbourHolder)
+{
+    TamDockablePane* a = Pane("A");
+    TamDockablePane* b = Pane("B");
+    ASSERT_TRUE(manager->DockIntoParent(a, CBRS_ALIGN_LEFT, 250, false));
+    ASSERT_TRUE(manager->DockIntoPane(b, a, CBRS_ALIGN_BOTTOM, 100));
+    // Across the stacked holder: nothing; along it: two thirds of the holder's height.
+    Parent().MakeRoomInNeighbourHolder(b, CBRS_ALIGN_LEFT);
+    EXPECT_EQ(Height(HostRect(b)), 100);
+    Parent().MakeRoomInNeighbourHolder(b, CBRS_ALIGN_TOP);
+    EXPECT_EQ(Height(HostRect(b)), static_cast<int32_t>(kHeight * 0.66));
+    // Already larger: left alone.
+    Parent().MakeRoomInNeighbourHolder(b, CBRS_ALIGN_BOTTOM);
+    EXPECT_EQ(Height(HostRect(b)), static_cast<int32_t>(kHeight * 0.66));
+}
+
 // Records the callbacks in the order they come; the may-close answer is set by the test.
 struct Recorder {
     std::vector<std::string> calls;
