@@ -148,7 +148,9 @@ TEST_F(DockStateTest, ValuesAreStoredUnderTheirSectionNames)
     EXPECT_EQ(Dword("MainPane-5", u"IsFloating"), 1u);
     EXPECT_EQ(Binary("MainPane-5", u"RectRecentFloat"), RectBytes(mini));
     EXPECT_EQ(Dword("MainBasePane-6", u"IsVisible"), 0u);
-    EXPECT_EQ(Dword("MainPane-6", u"MRUWidth"), 120u);
+    // H was docked beside C: its recent edge and width are C's band's.
+    EXPECT_EQ(Dword("MainPane-6", u"RecentFrameAlignment"), CBRS_ALIGN_RIGHT);
+    EXPECT_EQ(Dword("MainPane-6", u"MRUWidth"), uint32_t(Width(HostRect(c))));
 
     // An explicit id is appended in hexadecimal; a set control id names the section.
     a->SetDlgCtrlID(12);

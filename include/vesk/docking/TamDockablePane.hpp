@@ -55,9 +55,9 @@ public:
     // shown (floating or docked at its recent place), hidden or pinned off as the visibility,
     // floating and pin values say. True when any value was read.
     bool LoadState(const UString& profile, int32_t index = -1, uint32_t id = PANE_DEFAULT_STATE_ID);
-    // The rank of the pane's band among the bands of its edge, outermost 0; when it is not
-    // docked, the rank it had when it was docked last.
-    int32_t GetRecentRowIndex() const;
+    // The edge of the pane's band, the band's rank among the bands of that edge (outermost 0)
+    // and the pane's extent across the edge; when it is not docked, as when it was docked last.
+    void GetRecentPlace(uint32_t& align, int32_t& row, int32_t& width) const;
 
     CRectangle GetScreenRect() const override;
     bool GetMiniFrameScreenRect(CRectangle& rect) const override;
@@ -121,7 +121,10 @@ private:
     CWnd m_aWnd;
     SString m_sName;
     int32_t m_nCtrlId = 0;
+    // Edge, band rank and extent across the edge when last docked.
+    uint32_t m_nRecentAlign = 0;
     int32_t m_nRecentRow = 0;
+    int32_t m_nRecentWidth = 0;
     TamSize m_aMinSize;
     State m_eState = State::Hidden;
     PaneDockPlace m_aRecentDock;

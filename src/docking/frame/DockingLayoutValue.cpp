@@ -7,7 +7,7 @@
 //   hidden:   count, then one pane record each
 // A pane record is a section: name, whether a recent dock place is known, the place (target
 // name, side, length, outermost), the recent docked and floating rectangles (for a floating
-// pane its mini-frame's rectangle) and the recent row.
+// pane its mini-frame's rectangle) and the edge, row and width of its band when last docked.
 #include <vesk/docking/TamDockingManager.hpp>
 
 #include "docking/frame/DockDrag_p.hpp"
@@ -38,7 +38,9 @@ struct AwayPane {
     PaneDockPlace aPlace;
     CRectangle aDocked;
     CRectangle aFloated;
+    uint32_t nEdge = 0;
     int32_t nRow = 0;
+    int32_t nWidth = 0;
 };
 
 struct SavedLayout {
@@ -56,7 +58,8 @@ bool ReadAway(DataBuffer& b, AwayPane& a)
     const bool ok = section.IsOpen() && b.ReadString(a.sName, kMaxName) && a.sName.Len() > 0 &&
                     b.ReadByte(hasPlace) && b.ReadString(a.aPlace.sTarget, kMaxName) &&
                     b.ReadUInt32(a.aPlace.nAlign) && b.ReadInt32(a.aPlace.nLength) && b.ReadByte(outermost) &&
-                    b.ReadRect(a.aDocked) && b.ReadRect(a.aFloated) && b.ReadInt32(a.nRow);
+                    b.ReadRect(a.aDocked) && b.ReadRect(a.aFloated) && b.ReadUInt32(a.nEdge) &&
+                    b.ReadInt32(a.nRow) && b.ReadInt32(a.nWidth);
     a.bHasPlace = hasPlace != 0;
     a.aPlace.bOutermost = outermost != 0;
     return ok;
@@ -127,7 +130,9 @@ void TamDockingManager::WriteAway(DataBuffer& b, const TamDockablePane& pane) co
     b.WriteByte(pane.m_aRecentDock.bOutermost ? 1 : 0);
     b.WriteRect(pane.m_aRecentDocked);
     b.WriteRect(pane.m_pMiniFrame ? pane.m_pMiniFrame->GetWindowRect() : pane.m_aRecentFloat);
+    b.WriteUInt32(pane.m_nRecentAlign);
     b.WriteInt32(pane.m_nRecentRow);
+    b.WriteInt32(pane.m_nRecentWidth);
 }
 
 std::vector<uint8_t> TamDockingManager::SaveLayout() const
@@ -232,7 +237,9 @@ bool TamDockingManager::LoadLayout(std::span<const uint8_t> value)
         pane.m_aRecentDock = a.aPlace;
         pane.m_aRecentDocked = a.aDocked;
         pane.m_aRecentFloat = a.aFloated;
+        pane.m_nRecentAlign = a.nEdge;
         pane.m_nRecentRow = a.nRow;
+        pane.m_nRecentWidth = a.nWidth;
     };
     for (const AwayPane& a : saved.aFloating) {
         if (TamDockablePane* pane = FindPane(a.sName)) {

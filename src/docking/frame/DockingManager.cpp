@@ -174,9 +174,7 @@ bool TamDockingManager::TakeOut(TamDockablePane& pane)
         const LayoutNode* leaf = model->GetNode();
         const CRectangle& r = model->GetScreenRect();
         pane.m_aRecentDocked = r;
-        uint32_t align = 0;
-        int32_t width = 0;
-        pane.CurrentPlace(align, pane.m_nRecentRow, width);
+        pane.CurrentPlace(pane.m_nRecentAlign, pane.m_nRecentRow, pane.m_nRecentWidth);
         if (const LayoutNode* split = leaf->GetParent()) {
             const int mine = split->GetChild(0) == leaf ? 0 : 1;
             const LayoutNode* other = split->GetChild(1 - mine);
