@@ -93,12 +93,14 @@ bool TamDockablePane::LoadState(const UString& profile, int32_t index, uint32_t 
         if (!IsFloating())
             FloatPane();
     } else if (!IsDocked() && !IsAutoHidden()) {
-        if (!m_bHasDockPlace) {
-            // No remembered neighbour: a band at the recent edge, as thick as it was.
-            m_aRecentDock = {SString(), m_nRecentAlign, m_nRecentWidth, false};
-            m_bHasDockPlace = true;
+        if (m_aRecentPos.GetMarginAlign() == 0 && m_aRecentPos.GetNeighbourVec().empty()) {
+            // Nothing to go by: a band of its own at the recent edge, as thick as it was.
+            DockPosition pos = m_aRecentPos;
+            pos.SetMarginAlign(m_nRecentAlign);
+            pos.SetSize(TamSize(m_nRecentWidth, m_nRecentWidth));
+            SetRecentDockPosition(pos);
         }
-        if (!m_pManager->Redock(*this) && !IsFloating())
+        if (!RedockPane() && !IsFloating())
             FloatPane();
     }
     if (pinned == 1 && IsDocked())
