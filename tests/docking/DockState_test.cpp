@@ -302,9 +302,9 @@ TEST_F(DockStateTest, DamagedValuesChangeNothing)
     }
     EXPECT_EQ(Take(), mine);
 
-    // The docked part twice: its names would be placed twice.
+    // The hidden panes listed as floating too: a pane placed twice.
     auto sections = Sections(saved);
-    std::vector<uint8_t> twice = Join({sections[0], sections[1], sections[1], sections[3], sections[4]});
+    std::vector<uint8_t> twice = Join({sections[0], sections[1], sections[4], sections[3], sections[4]});
     EXPECT_FALSE(manager->LoadLayout(twice));
     EXPECT_EQ(Take(), mine);
 }
