@@ -246,8 +246,10 @@ bool TamDockingManager::TakeOut(TamDockablePane& pane, bool remember)
 {
     if (!pane.IsDocked())
         return false;
-    if (const LayoutPane* model = m_pModel->FindPane(pane.GetName()))
+    if (const LayoutPane* model = m_pModel->FindPane(pane.GetName())) {
         pane.m_aRecentDocked = model->GetScreenRect();
+        pane.CurrentPlace(pane.m_nRecentAlign, pane.m_nRecentRow, pane.m_nRecentWidth);
+    }
     if (remember) {
         DockPosition pos = pane.GetRecentDockPosition();
         m_pDockParent->FillDockPosition(&pane, pos, false);
