@@ -85,6 +85,9 @@ public:
     void InjectClose(NativeWindow window);
     // The window manager gave the focus to `window` (null: to no window of ours).
     void InjectFocus(NativeWindow window);
+    // The monitors change (one 1920 x 1080 screen at first): every window that is not a child
+    // gets WM_DISPLAYCHANGE with the first screen's size, as after a server's screen change.
+    void SetScreens(const std::vector<ScreenInfo>& screens);
 
     // The current cursor of a window and the message boxes shown so far.
     CursorShape GetCursor(NativeWindow window) const;
@@ -135,6 +138,7 @@ private:
         bool pending = false;
     } m_aLastClick;
     std::vector<MessageBoxRecord> m_aMessageBoxes;
+    std::vector<ScreenInfo> m_aScreens;
 };
 
 } // namespace vesk::display

@@ -1,0 +1,291 @@
+#include "Operations.hpp"
+
+#include "Layout.hpp"
+#include "docking/layout/LayoutModel.hpp"
+#include "window/WindowFixture.hpp"
+
+#include <vesk/docking/TamPaneContainer.hpp>
+#include <vesk/docking/TamPaneFrameWnd.hpp>
+
+#include <algorithm>
+
+namespace vesk::fidelity {
+
+namespace {
+
+const TamSize kReachable(TamPaneFrameWnd::MIN_VISIBLE_WIDTH, TamPaneFrameWnd::MIN_VISIBLE_HEIGHT);
+constexpr int32_t kChainLength = 50;
+
+std::vector<CRectangle> Screens()
+{
+    return TamPaneFrameWnd::GetScreenRects();
+}
+
+// Adds the overlaps and broken minimum sizes of the current state.
+Snapshot Check(const Session& session, OpRecord& record)
+{
+    Snapshot shot = session.Shoot();
+    record.overlaps += CountOverlaps(shot);
+    const int32_t dpi = session.Manager().GetDpi();
+    const TamSize need = session.Manager().GetModel().GetMinClientSize(dpi);
+    const TamSize have = session.ClientSize();
+    if (need.Width() <= have.Width() && need.Height() <= have.Height())
+        record.minBroken += CountMinBroken(shot, dpi);
+    return shot;
+}
+
+void Finish(const Snapshot& before, const Snapshot& after, OpRecord& record)
+{
+    record.all = Compare(before, after);
+    record.lost += CountLost(before, after, Screens(), kReachable);
+    record.ran = true;
+}
+
+TamDockablePane* RandomDocked(const Session& session, Rng& rng)
+{
+    std::vector<TamDockablePane*> docked;
+    for (size_t i = 0; i < session.PaneCount(); ++i) {
+        if (session.Pane(i)->IsDocked())
+            docked.push_back(session.Pane(i));
+    }
+    if (docked.empty())
+        return nullptr;
+    return docked[static_cast<size_t>(Uniform(rng, 0, static_cast<int32_t>(docked.size()) - 1))];
+}
+
+// Docks a floating pane back where it was docked last.
+bool Redock(TamDockingManager& manager, TamDockablePane& pane)
+{
+    const PaneDockPlace& place = pane.GetRecentDockPlace();
+    TamDockablePane* target = place.sTarget.Len() ? manager.FindPane(place.sTarget) : nullptr;
+    if (target && target->IsDocked())
+        return manager.DockIntoPane(&pane, target, place.nAlign, place.nLength);
+    return manager.DockIntoParent(&pane, place.nAlign, place.nLength, place.bOutermost);
+}
+
+// Hides and shows one pane; true when it came back within 1 px.
+bool HideShowCycle(Session& session, TamDockablePane& pane, OpRecord& record)
+{
+    const Snapshot before = session.Shoot();
+    pane.HidePane();
+    Session::Pump();
+    Check(session, record);
+    pane.ShowPane();
+    Session::Pump();
+    const Snapshot after = Check(session, record);
+    return PaneDisplacement(before, after, static_cast<const char*>(pane.GetName())) <= 1;
+}
+
+void HideShow(Session& session, Rng& rng, OpRecord& record)
+{
+    TamDockablePane* pane = RandomDocked(session, rng);
+    if (!pane)
+        return;
+    record.hasPane = true;
+    record.paneClass = ClassifyPane(session.Manager(), *pane);
+    const Snapshot before = session.Shoot();
+    HideShowCycle(session, *pane, record);
+    const Snapshot after = session.Shoot();
+    record.paneDisplacement = PaneDisplacement(before, after, static_cast<const char*>(pane->GetName()));
+    Finish(before, after, record);
+}
+
+void FloatRedock(Session& session, Rng& rng, OpRecord& record)
+{
+    TamDockablePane* pane = RandomDocked(session, rng);
+    if (!pane)
+        return;
+    record.hasPane = true;
+    record.paneClass = ClassifyPane(session.Manager(), *pane);
+    const std::string name = static_cast<const char*>(pane->GetName());
+    const Snapshot before = session.Shoot();
+    pane->FloatPane();
+    Session::Pump();
+    CRectangle floated;
+    pane->GetMiniFrameScreenRect(floated);
+    Check(session, record);
+    Redock(session.Manager(), *pane);
+    Session::Pump();
+    const Snapshot after = Check(session, record);
+    record.paneDisplacement = PaneDisplacement(before, after, name);
+    // Floated again, it takes the rectangle it floated at.
+    pane->FloatPane();
+    Session::Pump();
+    CRectangle again;
+    ++record.floatAgain;
+    if (pane->GetMiniFrameScreenRect(again) && again == floated)
+        ++record.floatAgainIdentical;
+    Redock(session.Manager(), *pane);
+    Session::Pump();
+    Finish(before, after, record);
+}
+
+void ResizeAndBack(Session& session, Rng& rng, OpRecord& record)
+{
+    const Snapshot before = session.Shoot();
+    const TamSize was = session.ClientSize();
+    session.Resize(TamSize(Uniform(rng, 200, 4000), Uniform(rng, 150, 2400)));
+    Check(session, record);
+    session.Resize(was);
+    Finish(before, Check(session, record), record);
+}
+
+void DpiAndBack(Session& session, Rng&, OpRecord& record)
+{
+    const Snapshot before = session.Shoot();
+    const int32_t was = session.Manager().GetDpi();
+    session.Manager().SetDpi(144);
+    Session::Pump();
+    Check(session, record);
+    session.Manager().SetDpi(was);
+    Session::Pump();
+    Finish(before, Check(session, record), record);
+}
+
+// A second monitor beside, before or below the first; floating panes on it (and across the
+// seam); then it goes away.
+void RemoveMonitor(Session& session, Rng& rng, OpRecord& record)
+{
+    display::HeadlessBackend& display = test::Headless();
+    const std::vector<display::ScreenInfo> original = display.GetScreens();
+    const display::ScreenInfo first = original.front();
+    static const TamSize sizes[3] = {TamSize(1280, 1024), TamSize(1920, 1080), TamSize(2560, 1440)};
+    const TamSize size = sizes[Uniform(rng, 0, 2)];
+    display::ScreenInfo second{0, 0, size.Width(), size.Height(), 96.0};
+    switch (Uniform(rng, 0, 2)) {
+    case 0: second.x = first.x + first.width; break;
+    case 1: second.x = first.x - size.Width(); break;
+    default: second.y = first.y + first.height; break;
+    }
+    display.SetScreens({first, second});
+    Session::Pump();
+    const int32_t floats = Uniform(rng, 1, std::min<int32_t>(3, static_cast<int32_t>(session.PaneCount())));
+    for (int32_t i = 0; i < floats; ++i) {
+        TamDockablePane* pane = RandomDocked(session, rng);
+        if (!pane)
+            break;
+        const int32_t w = Uniform(rng, 120, 500), h = Uniform(rng, 80, 400);
+        // Mostly on the second monitor, some across the seam with the first.
+        const int32_t x = Uniform(rng, second.x - w / 2, second.x + second.width - w);
+        const int32_t y = Uniform(rng, second.y - h / 2, second.y + second.height - h);
+        pane->FloatAt(CRectangle(x, y, x + w, y + h));
+        Session::Pump();
+    }
+    const Snapshot before = Check(session, record);
+    display.SetScreens({first});
+    Session::Pump();
+    const Snapshot after = Check(session, record);
+    for (const PaneShot& s : after) {
+        if (s.state != PaneState::Floating)
+            continue;
+        ++record.frames;
+        record.framesReachable += IsReachable(s.rect, Screens(), kReachable) ? 1 : 0;
+    }
+    // Each floating pane hidden and shown floats again exactly where it was.
+    for (size_t i = 0; i < session.PaneCount(); ++i) {
+        TamDockablePane* pane = session.Pane(i);
+        CRectangle was, now;
+        if (!pane->GetMiniFrameScreenRect(was))
+            continue;
+        pane->HidePane();
+        pane->ShowPane();
+        Session::Pump();
+        ++record.floatAgain;
+        if (pane->GetMiniFrameScreenRect(now) && now == was)
+            ++record.floatAgainIdentical;
+    }
+    record.lost += CountLost(before, session.Shoot(), Screens(), kReachable);
+    record.ran = true;
+    display.SetScreens(original);
+    Session::Pump();
+}
+
+// Drags divider `index` by `delta` pixels across its bar with injected mouse messages; the
+// distance it really moved (minimum sizes clamp it).
+int32_t DragDivider(Session& session, size_t index, int32_t delta)
+{
+    const TamPaneDivider& divider = *session.Manager().GetDividers()[index];
+    const CRectangle bar = session.HostRect(*divider.GetCWnd());
+    const bool vertical = divider.IsVertical();
+    const int32_t gx = (bar.Right() - bar.Left()) / 2, gy = (bar.Bottom() - bar.Top()) / 2;
+    const TamPoint grab(bar.Left() + gx, bar.Top() + gy);
+    const TamPoint to = vertical ? TamPoint(grab.x + delta, grab.y) : TamPoint(grab.x, grab.y + delta);
+    const TamPoint half((grab.x + to.x) / 2, (grab.y + to.y) / 2);
+    display::HeadlessBackend& display = test::Headless();
+    display.InjectMouseButton(divider.GetHandle(), display::MouseButton::Left, true, gx, gy);
+    Session::Pump();
+    display.InjectMouseMove(session.HostHandle(), half.x, half.y);
+    Session::Pump();
+    display.InjectMouseMove(session.HostHandle(), to.x, to.y);
+    Session::Pump();
+    display.InjectMouseButton(session.HostHandle(), display::MouseButton::Left, false, to.x, to.y);
+    Session::Pump();
+    const CRectangle moved = session.HostRect(*session.Manager().GetDividers()[index]->GetCWnd());
+    return vertical ? moved.Left() - bar.Left() : moved.Top() - bar.Top();
+}
+
+void DividerDragAndBack(Session& session, Rng& rng, OpRecord& record)
+{
+    const size_t count = session.Manager().GetDividers().size();
+    if (count == 0)
+        return;
+    const size_t index = static_cast<size_t>(Uniform(rng, 0, static_cast<int32_t>(count) - 1));
+    const int32_t delta = Uniform(rng, 5, 200) * (Uniform(rng, 0, 1) ? 1 : -1);
+    const Snapshot before = session.Shoot();
+    const int32_t moved = DragDivider(session, index, delta);
+    Check(session, record);
+    DragDivider(session, index, -moved);
+    Finish(before, Check(session, record), record);
+}
+
+void Chain(Session& session, Rng& rng, OpRecord& record)
+{
+    const Snapshot start = session.Shoot();
+    for (int32_t i = 0; i < kChainLength; ++i) {
+        TamDockablePane* pane = RandomDocked(session, rng);
+        if (!pane)
+            break;
+        ++record.cycles;
+        record.cyclesReturned += HideShowCycle(session, *pane, record) ? 1 : 0;
+    }
+    const Snapshot end = session.Shoot();
+    Finish(start, end, record);
+    record.drift = record.all.maxDisplacement;
+}
+
+} // namespace
+
+const char* OpName(OpKind kind)
+{
+    static const char* const names[kOpCount] = {"hide_show", "float_redock", "resize", "dpi",
+                                                "monitor_removal", "divider_drag", "chain50"};
+    return names[static_cast<size_t>(kind)];
+}
+
+OpRecord RunOperation(OpKind kind, uint64_t seed)
+{
+    OpRecord record;
+    record.kind = kind;
+    record.seed = seed;
+    // The layout depends on the seed only, so every operation sees the same layouts.
+    Rng layoutRng(seed);
+    const LayoutChoice choice = ChooseLayout(layoutRng);
+    Session session(choice.client, 96);
+    if (!BuildLayout(session, choice.paneCount, layoutRng))
+        return record;
+    Check(session, record);
+    Rng rng(seed * 0x9E3779B97F4A7C15ull + static_cast<uint64_t>(kind) + 1);
+    switch (kind) {
+    case OpKind::HideShow: HideShow(session, rng, record); break;
+    case OpKind::FloatRedock: FloatRedock(session, rng, record); break;
+    case OpKind::Resize: ResizeAndBack(session, rng, record); break;
+    case OpKind::Dpi: DpiAndBack(session, rng, record); break;
+    case OpKind::MonitorRemoval: RemoveMonitor(session, rng, record); break;
+    case OpKind::DividerDrag: DividerDragAndBack(session, rng, record); break;
+    case OpKind::Chain: Chain(session, rng, record); break;
+    case OpKind::Count: break;
+    }
+    return record;
+}
+
+} // namespace vesk::fidelity

@@ -1,0 +1,41 @@
+#pragma once
+
+// The operations the simulator applies to a fresh seeded layout, each undone again, and what
+// it measured on the way.
+#include "Metrics.hpp"
+
+#include <cstdint>
+
+namespace vesk::fidelity {
+
+enum class OpKind : uint8_t { HideShow, FloatRedock, Resize, Dpi, MonitorRemoval, DividerDrag, Chain, Count };
+const char* OpName(OpKind kind);
+constexpr size_t kOpCount = static_cast<size_t>(OpKind::Count);
+
+struct OpRecord {
+    OpKind kind = OpKind::HideShow;
+    uint64_t seed = 0;
+    bool ran = false; // false: the layout had nothing to operate on, or building it failed
+    // The pane operated on (hide/show, float/redock).
+    bool hasPane = false;
+    PaneClass paneClass = PaneClass::Other;
+    int32_t paneDisplacement = 0;
+    // Every pane visible before against the end.
+    Comparison all;
+    // Summed over every state passed through.
+    int32_t overlaps = 0;
+    int32_t minBroken = 0; // only in states whose frame holds every minimum size
+    int32_t lost = 0;
+    // Panes floated again and those that got their identical rectangle.
+    int32_t floatAgain = 0, floatAgainIdentical = 0;
+    // After a monitor went away: mini-frames and those with 64 x 24 px on a screen.
+    int32_t frames = 0, framesReachable = 0;
+    // Chains: cycles, cycles that returned the pane within 1 px, and the drift from the
+    // chain's start when every cycle did.
+    int32_t cycles = 0, cyclesReturned = 0, drift = 0;
+};
+
+// Builds the layout of `seed` in a fresh frame and runs one operation on it.
+OpRecord RunOperation(OpKind kind, uint64_t seed);
+
+} // namespace vesk::fidelity

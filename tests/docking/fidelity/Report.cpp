@@ -1,0 +1,180 @@
+#include "Report.hpp"
+
+#include <cstdio>
+
+namespace vesk::fidelity {
+
+namespace {
+
+double Percent(int32_t part, int32_t whole)
+{
+    return whole > 0 ? 100.0 * part / whole : 100.0;
+}
+
+std::string Format(const char* format, double a, double b = 0, double c = 0)
+{
+    char text[160];
+    std::snprintf(text, sizeof text, format, a, b, c);
+    return text;
+}
+
+const OpSummary& Of(const Summaries& s, OpKind kind)
+{
+    return s[static_cast<size_t>(kind)];
+}
+
+// A share of at least `least` percent, as "measured% (part/whole)".
+Goal ShareGoal(const std::string& name, int32_t part, int32_t whole, double least)
+{
+    return {name, Format("%.2f%% (%.0f/%.0f)", Percent(part, whole), part, whole), Percent(part, whole) >= least};
+}
+
+} // namespace
+
+std::vector<OpRecord> RunSeeds(OpKind kind, uint64_t first, int32_t count)
+{
+    std::vector<OpRecord> records;
+    for (int32_t i = 0; i < count; ++i)
+        records.push_back(RunOperation(kind, first + static_cast<uint64_t>(i)));
+    return records;
+}
+
+Summaries Summarise(const std::vector<OpRecord>& records)
+{
+    Summaries s;
+    for (size_t k = 0; k < kOpCount; ++k)
+        s[k].kind = static_cast<OpKind>(k);
+    for (const OpRecord& r : records) {
+        OpSummary& m = s[static_cast<size_t>(r.kind)];
+        // Invariants count whether or not the operation found something to do.
+        m.overlaps += r.overlaps;
+        m.minBroken += r.minBroken;
+        m.lost += r.lost;
+        if (!r.ran) {
+            ++m.skipped;
+            continue;
+        }
+        ++m.runs;
+        if (r.hasPane) {
+            ++m.paneRuns;
+            m.paneExact += r.paneDisplacement == 0 ? 1 : 0;
+            m.paneWithin1 += r.paneDisplacement <= 1 ? 1 : 0;
+            if (r.paneClass != PaneClass::Other) {
+                ++m.simpleRuns;
+                m.simpleWithin1 += r.paneDisplacement <= 1 ? 1 : 0;
+            }
+        }
+        m.allWithin1 += r.all.allWithin1 ? 1 : 0;
+        for (int32_t d : r.all.displacements) {
+            ++m.panesSeen;
+            m.panesExact += d == 0 ? 1 : 0;
+            m.displacements.push_back(d);
+        }
+        m.floatAgain += r.floatAgain;
+        m.floatAgainIdentical += r.floatAgainIdentical;
+        m.frames += r.frames;
+        m.framesReachable += r.framesReachable;
+        m.cycles += r.cycles;
+        m.cyclesReturned += r.cyclesReturned;
+        if (r.cycles > 0 && r.cyclesReturned == r.cycles) {
+            ++m.cleanChains;
+            m.maxDrift = std::max(m.maxDrift, r.drift);
+        }
+    }
+    return s;
+}
+
+std::vector<Goal> EvaluateGoals(const Summaries& s)
+{
+    std::vector<Goal> goals;
+    int32_t overlaps = 0, lost = 0, minBroken = 0, floatAgain = 0, floatIdentical = 0;
+    for (const OpSummary& m : s) {
+        overlaps += m.overlaps;
+        lost += m.lost;
+        minBroken += m.minBroken;
+        floatAgain += m.floatAgain;
+        floatIdentical += m.floatAgainIdentical;
+    }
+    goals.push_back({"0 overlaps ever", Format("%.0f", overlaps), overlaps == 0});
+    goals.push_back({"no pane lost", Format("%.0f", lost), lost == 0});
+    goals.push_back({"minimum sizes kept where the frame allows", Format("%.0f broken", minBroken), minBroken == 0});
+    for (OpKind kind : {OpKind::Resize, OpKind::Dpi}) {
+        const OpSummary& m = Of(s, kind);
+        goals.push_back(ShareGoal(std::string(OpName(kind)) + " and back exact, 100% of panes", m.panesExact,
+                                  m.panesSeen, 100.0));
+    }
+    const OpSummary& drag = Of(s, OpKind::DividerDrag);
+    goals.push_back(ShareGoal("divider drag and back exact, 100% of panes", drag.panesExact, drag.panesSeen, 100.0));
+    for (OpKind kind : {OpKind::HideShow, OpKind::FloatRedock}) {
+        const OpSummary& m = Of(s, kind);
+        const std::string op = OpName(kind);
+        goals.push_back(ShareGoal(op + ": pane within 1 px, sibling single or fills band, >= 99%", m.simpleWithin1,
+                                  m.simpleRuns, 99.0));
+        goals.push_back(ShareGoal(op + ": pane within 1 px overall, >= 80%", m.paneWithin1, m.paneRuns, 80.0));
+        goals.push_back(ShareGoal(op + ": pane at 0 px overall (no goal)", m.paneExact, m.paneRuns, 0.0));
+    }
+    const OpSummary& hide = Of(s, OpKind::HideShow);
+    const OpSummary& floats = Of(s, OpKind::FloatRedock);
+    goals.push_back(ShareGoal("every visible pane back within 1 px, >= 70% of cycles",
+                              hide.allWithin1 + floats.allWithin1, hide.runs + floats.runs, 70.0));
+    const OpSummary& chain = Of(s, OpKind::Chain);
+    goals.push_back({"0 px drift along chains of successful returns",
+                     Format("%.0f px max over %.0f clean chains of %.0f", chain.maxDrift, chain.cleanChains, chain.runs),
+                     chain.maxDrift == 0});
+    goals.push_back(ShareGoal("chain cycles returning the pane within 1 px (no goal)", chain.cyclesReturned,
+                              chain.cycles, 0.0));
+    goals.push_back(ShareGoal("floated again at the identical rectangle", floatIdentical, floatAgain, 100.0));
+    const OpSummary& monitor = Of(s, OpKind::MonitorRemoval);
+    goals.push_back(ShareGoal("after a monitor goes, 64 x 24 px of every mini-frame visible", monitor.framesReachable,
+                              monitor.frames, 100.0));
+    return goals;
+}
+
+void WriteJson(std::ostream& out, int32_t seeds, const Summaries& s, const std::vector<Goal>& goals)
+{
+    out << "{\n  \"seeds\": " << seeds << ",\n  \"operations\": {\n";
+    for (size_t k = 0; k < s.size(); ++k) {
+        const OpSummary& m = s[k];
+        out << "    \"" << OpName(m.kind) << "\": {\"runs\": " << m.runs << ", \"skipped\": " << m.skipped
+            << ", \"pane_runs\": " << m.paneRuns << ", \"pane_exact\": " << m.paneExact
+            << ", \"pane_within_1px\": " << m.paneWithin1 << ", \"simple_runs\": " << m.simpleRuns
+            << ", \"simple_within_1px\": " << m.simpleWithin1 << ", \"all_within_1px\": " << m.allWithin1
+            << ", \"panes_seen\": " << m.panesSeen << ", \"panes_exact\": " << m.panesExact
+            << ", \"displacement\": {\"p50\": " << Percentile(m.displacements, 50)
+            << ", \"p90\": " << Percentile(m.displacements, 90) << ", \"p99\": " << Percentile(m.displacements, 99)
+            << ", \"max\": " << Percentile(m.displacements, 100) << "}, \"overlaps\": " << m.overlaps
+            << ", \"min_sizes_broken\": " << m.minBroken << ", \"lost\": " << m.lost
+            << ", \"float_again\": " << m.floatAgain << ", \"float_again_identical\": " << m.floatAgainIdentical
+            << ", \"mini_frames\": " << m.frames << ", \"mini_frames_reachable\": " << m.framesReachable
+            << ", \"cycles\": " << m.cycles << ", \"cycles_returned\": " << m.cyclesReturned
+            << ", \"clean_chains\": " << m.cleanChains << ", \"max_drift\": " << m.maxDrift << "}"
+            << (k + 1 < s.size() ? "," : "") << "\n";
+    }
+    out << "  },\n  \"goals\": [\n";
+    for (size_t i = 0; i < goals.size(); ++i) {
+        out << "    {\"goal\": \"" << goals[i].name << "\", \"measured\": \"" << goals[i].measured
+            << "\", \"met\": " << (goals[i].met ? "true" : "false") << "}" << (i + 1 < goals.size() ? "," : "") << "\n";
+    }
+    out << "  ]\n}\n";
+}
+
+void WriteTable(std::ostream& out, int32_t seeds, const Summaries& s, const std::vector<Goal>& goals)
+{
+    char line[256];
+    out << "Layout fidelity, " << seeds << " seeds per operation (displacement in px; 1000000 = changed state)\n";
+    std::snprintf(line, sizeof line, "%-16s %5s %5s %7s %7s %6s %6s %6s %8s %8s %5s\n", "operation", "runs", "skip",
+                  "pane0", "pane<=1", "p50", "p90", "p99", "max", "overlaps", "lost");
+    out << line;
+    for (const OpSummary& m : s) {
+        std::snprintf(line, sizeof line, "%-16s %5d %5d %6.1f%% %6.1f%% %6d %6d %6d %8d %8d %5d\n", OpName(m.kind),
+                      m.runs, m.skipped, Percent(m.paneExact, m.paneRuns), Percent(m.paneWithin1, m.paneRuns),
+                      Percentile(m.displacements, 50), Percentile(m.displacements, 90),
+                      Percentile(m.displacements, 99), Percentile(m.displacements, 100), m.overlaps, m.lost);
+        out << line;
+    }
+    out << "\nGoals\n";
+    for (const Goal& g : goals)
+        out << (g.met ? "  met   " : "  MISSED") << "  " << g.name << ": " << g.measured << "\n";
+}
+
+} // namespace vesk::fidelity
