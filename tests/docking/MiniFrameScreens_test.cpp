@@ -18,6 +18,9 @@ TEST(MiniFrameScreens, KeepVisibleMovesOnlyFramesShowingLessThan64By24)
               CRectangle(1620, 880, 1920, 1080));
     EXPECT_EQ(TamPaneFrameWnd::KeepVisible(CRectangle(1856, 1057, 2156, 1257), screens),
               CRectangle(1620, 880, 1920, 1080));
+    // Narrower than 64 px: all of its width must show.
+    EXPECT_EQ(TamPaneFrameWnd::KeepVisible(CRectangle(1880, 0, 1920, 400), screens), CRectangle(1880, 0, 1920, 400));
+    EXPECT_EQ(TamPaneFrameWnd::KeepVisible(CRectangle(1881, 0, 1921, 400), screens), CRectangle(1880, 0, 1920, 400));
     // Off every screen: onto the first, whole.
     EXPECT_EQ(TamPaneFrameWnd::KeepVisible(CRectangle(-900, -50, -600, 150), screens), CRectangle(0, 0, 300, 200));
 }

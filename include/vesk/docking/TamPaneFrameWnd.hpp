@@ -19,8 +19,9 @@ public:
     TamDockablePane& GetPane() const { return m_rPane; }
     // `rect` moved so that it lies on a screen (as far as it fits), given the screens.
     static CRectangle KeepOnScreen(const CRectangle& rect, const std::vector<CRectangle>& screens);
-    // `rect` unchanged while at least MIN_VISIBLE_WIDTH x MIN_VISIBLE_HEIGHT pixels of it lie on
-    // one screen (enough to grab the caption), else moved onto a screen.
+    // `rect` unchanged while at least MIN_VISIBLE_WIDTH x MIN_VISIBLE_HEIGHT pixels of it (all
+    // of a side shorter than that) lie on one screen, enough to grab the caption; else moved
+    // onto a screen.
     static CRectangle KeepVisible(const CRectangle& rect, const std::vector<CRectangle>& screens);
     // The display's screens now.
     static std::vector<CRectangle> GetScreenRects();

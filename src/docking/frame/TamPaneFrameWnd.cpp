@@ -43,10 +43,13 @@ CRectangle TamPaneFrameWnd::KeepOnScreen(const CRectangle& rect, const std::vect
 
 CRectangle TamPaneFrameWnd::KeepVisible(const CRectangle& rect, const std::vector<CRectangle>& screens)
 {
+    // A frame narrower or lower than that must show whole along that side.
+    const int32_t needW = std::min(MIN_VISIBLE_WIDTH, rect.Right() - rect.Left());
+    const int32_t needH = std::min(MIN_VISIBLE_HEIGHT, rect.Bottom() - rect.Top());
     for (const CRectangle& s : screens) {
         const int32_t w = std::min(rect.Right(), s.Right()) - std::max(rect.Left(), s.Left());
         const int32_t h = std::min(rect.Bottom(), s.Bottom()) - std::max(rect.Top(), s.Top());
-        if (w >= MIN_VISIBLE_WIDTH && h >= MIN_VISIBLE_HEIGHT)
+        if (w >= needW && h >= needH && w > 0 && h > 0)
             return rect;
     }
     return KeepOnScreen(rect, screens);

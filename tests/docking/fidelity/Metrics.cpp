@@ -84,10 +84,13 @@ int32_t CountMinBroken(const Snapshot& shot, int32_t dpi)
 
 bool IsReachable(const CRectangle& rect, const std::vector<CRectangle>& screens, const TamSize& minVisible)
 {
+    // A frame smaller than that must show whole along that side.
+    const int32_t needW = std::min(minVisible.Width(), rect.Right() - rect.Left());
+    const int32_t needH = std::min(minVisible.Height(), rect.Bottom() - rect.Top());
     for (const CRectangle& s : screens) {
         const int32_t w = std::min(rect.Right(), s.Right()) - std::max(rect.Left(), s.Left());
         const int32_t h = std::min(rect.Bottom(), s.Bottom()) - std::max(rect.Top(), s.Top());
-        if (w >= minVisible.Width() && h >= minVisible.Height())
+        if (w >= needW && h >= needH && w > 0 && h > 0)
             return true;
     }
     return false;

@@ -63,17 +63,16 @@ bool Redock(TamDockingManager& manager, TamDockablePane& pane)
     return manager.DockIntoParent(&pane, place.nAlign, place.nLength, place.bOutermost);
 }
 
-// Hides and shows one pane; true when it came back within 1 px.
-bool HideShowCycle(Session& session, TamDockablePane& pane, OpRecord& record)
+// Hides and shows one pane; the snapshots before and after.
+std::pair<Snapshot, Snapshot> HideShowCycle(Session& session, TamDockablePane& pane, OpRecord& record)
 {
-    const Snapshot before = session.Shoot();
+    Snapshot before = session.Shoot();
     pane.HidePane();
     Session::Pump();
     Check(session, record);
     pane.ShowPane();
     Session::Pump();
-    const Snapshot after = Check(session, record);
-    return PaneDisplacement(before, after, static_cast<const char*>(pane.GetName())) <= 1;
+    return {std::move(before), Check(session, record)};
 }
 
 void HideShow(Session& session, Rng& rng, OpRecord& record)
@@ -83,9 +82,7 @@ void HideShow(Session& session, Rng& rng, OpRecord& record)
         return;
     record.hasPane = true;
     record.paneClass = ClassifyPane(session.Manager(), *pane);
-    const Snapshot before = session.Shoot();
-    HideShowCycle(session, *pane, record);
-    const Snapshot after = session.Shoot();
+    const auto [before, after] = HideShowCycle(session, *pane, record);
     record.paneDisplacement = PaneDisplacement(before, after, static_cast<const char*>(pane->GetName()));
     Finish(before, after, record);
 }
@@ -117,6 +114,38 @@ void FloatRedock(Session& session, Rng& rng, OpRecord& record)
         ++record.floatAgainIdentical;
     Redock(session.Manager(), *pane);
     Session::Pump();
+    Finish(before, after, record);
+}
+
+// Some panes away (one hidden, one floating), the layout saved, and loaded into a fresh manager
+// of the same panes and frame size; half of the time before that frame is shown.
+void SaveAndLoad(Session& session, Rng& rng, OpRecord& record)
+{
+    for (int32_t away = 0; away < 2; ++away) {
+        TamDockablePane* pane = Uniform(rng, 0, 1) ? RandomDocked(session, rng) : nullptr;
+        if (pane && away == 0)
+            pane->HidePane();
+        else if (pane)
+            pane->FloatPane();
+    }
+    Session::Pump();
+    const Snapshot before = Check(session, record);
+    const std::vector<uint8_t> value = session.Manager().SaveLayout();
+    const uint32_t id = static_cast<uint32_t>(record.seed);
+    TamDockingManager::SetRegistryBase("Software\\VeskFidelity");
+    if (!session.Manager().SaveState("Fidelity", id))
+        return;
+    const bool early = Uniform(rng, 0, 1) != 0;
+    Session fresh(session.ClientSize(), session.Manager().GetDpi(), !early);
+    for (const PaneShot& s : before)
+        fresh.AddPane(s.name, s.minSize96);
+    fresh.Manager().LoadState("Fidelity", id);
+    if (early)
+        fresh.Show();
+    Session::Pump();
+    const Snapshot after = Check(fresh, record);
+    ++record.layoutValues;
+    record.layoutValuesIdentical += fresh.Manager().SaveLayout() == value ? 1 : 0;
     Finish(before, after, record);
 }
 
@@ -246,7 +275,9 @@ void Chain(Session& session, Rng& rng, OpRecord& record)
         if (!pane)
             break;
         ++record.cycles;
-        record.cyclesReturned += HideShowCycle(session, *pane, record) ? 1 : 0;
+        const auto [before, after] = HideShowCycle(session, *pane, record);
+        record.cyclesReturned += PaneDisplacement(before, after, static_cast<const char*>(pane->GetName())) <= 1 ? 1 : 0;
+        record.cyclesAllBack += Compare(before, after).allWithin1 ? 1 : 0;
     }
     const Snapshot end = session.Shoot();
     Finish(start, end, record);
@@ -257,7 +288,7 @@ void Chain(Session& session, Rng& rng, OpRecord& record)
 
 const char* OpName(OpKind kind)
 {
-    static const char* const names[kOpCount] = {"hide_show", "float_redock", "resize", "dpi",
+    static const char* const names[kOpCount] = {"hide_show", "float_redock", "save_load", "resize", "dpi",
                                                 "monitor_removal", "divider_drag", "chain50"};
     return names[static_cast<size_t>(kind)];
 }
@@ -278,6 +309,7 @@ OpRecord RunOperation(OpKind kind, uint64_t seed)
     switch (kind) {
     case OpKind::HideShow: HideShow(session, rng, record); break;
     case OpKind::FloatRedock: FloatRedock(session, rng, record); break;
+    case OpKind::SaveLoad: SaveAndLoad(session, rng, record); break;
     case OpKind::Resize: ResizeAndBack(session, rng, record); break;
     case OpKind::Dpi: DpiAndBack(session, rng, record); break;
     case OpKind::MonitorRemoval: RemoveMonitor(session, rng, record); break;

@@ -8,7 +8,17 @@
 
 namespace vesk::fidelity {
 
-enum class OpKind : uint8_t { HideShow, FloatRedock, Resize, Dpi, MonitorRemoval, DividerDrag, Chain, Count };
+enum class OpKind : uint8_t {
+    HideShow,
+    FloatRedock,
+    SaveLoad,
+    Resize,
+    Dpi,
+    MonitorRemoval,
+    DividerDrag,
+    Chain,
+    Count
+};
 const char* OpName(OpKind kind);
 constexpr size_t kOpCount = static_cast<size_t>(OpKind::Count);
 
@@ -28,11 +38,13 @@ struct OpRecord {
     int32_t lost = 0;
     // Panes floated again and those that got their identical rectangle.
     int32_t floatAgain = 0, floatAgainIdentical = 0;
+    // Save then load: layout values compared, and those read back byte for byte.
+    int32_t layoutValues = 0, layoutValuesIdentical = 0;
     // After a monitor went away: mini-frames and those with 64 x 24 px on a screen.
     int32_t frames = 0, framesReachable = 0;
-    // Chains: cycles, cycles that returned the pane within 1 px, and the drift from the
-    // chain's start when every cycle did.
-    int32_t cycles = 0, cyclesReturned = 0, drift = 0;
+    // Chains: cycles, cycles that returned the pane within 1 px, cycles that returned every
+    // visible pane within 1 px, and the largest move of any pane from the chain's start.
+    int32_t cycles = 0, cyclesReturned = 0, cyclesAllBack = 0, drift = 0;
 };
 
 // Builds the layout of `seed` in a fresh frame and runs one operation on it.

@@ -72,11 +72,14 @@ Summaries Summarise(const std::vector<OpRecord>& records)
         }
         m.floatAgain += r.floatAgain;
         m.floatAgainIdentical += r.floatAgainIdentical;
+        m.layoutValues += r.layoutValues;
+        m.layoutValuesIdentical += r.layoutValuesIdentical;
         m.frames += r.frames;
         m.framesReachable += r.framesReachable;
         m.cycles += r.cycles;
         m.cyclesReturned += r.cyclesReturned;
-        if (r.cycles > 0 && r.cyclesReturned == r.cycles) {
+        m.cyclesAllBack += r.cyclesAllBack;
+        if (r.cycles > 0 && r.cyclesAllBack == r.cycles) {
             ++m.cleanChains;
             m.maxDrift = std::max(m.maxDrift, r.drift);
         }
@@ -98,11 +101,14 @@ std::vector<Goal> EvaluateGoals(const Summaries& s)
     goals.push_back({"0 overlaps ever", Format("%.0f", overlaps), overlaps == 0});
     goals.push_back({"no pane lost", Format("%.0f", lost), lost == 0});
     goals.push_back({"minimum sizes kept where the frame allows", Format("%.0f broken", minBroken), minBroken == 0});
-    for (OpKind kind : {OpKind::Resize, OpKind::Dpi}) {
+    for (OpKind kind : {OpKind::SaveLoad, OpKind::Resize, OpKind::Dpi}) {
         const OpSummary& m = Of(s, kind);
         goals.push_back(ShareGoal(std::string(OpName(kind)) + " and back exact, 100% of panes", m.panesExact,
                                   m.panesSeen, 100.0));
     }
+    const OpSummary& saved = Of(s, OpKind::SaveLoad);
+    goals.push_back(ShareGoal("layout value saved again after loading is byte-identical", saved.layoutValuesIdentical,
+                              saved.layoutValues, 100.0));
     const OpSummary& drag = Of(s, OpKind::DividerDrag);
     goals.push_back(ShareGoal("divider drag and back exact, 100% of panes", drag.panesExact, drag.panesSeen, 100.0));
     for (OpKind kind : {OpKind::HideShow, OpKind::FloatRedock}) {
@@ -122,6 +128,8 @@ std::vector<Goal> EvaluateGoals(const Summaries& s)
                      Format("%.0f px max over %.0f clean chains of %.0f", chain.maxDrift, chain.cleanChains, chain.runs),
                      chain.maxDrift == 0});
     goals.push_back(ShareGoal("chain cycles returning the pane within 1 px (no goal)", chain.cyclesReturned,
+                              chain.cycles, 0.0));
+    goals.push_back(ShareGoal("chain cycles returning every pane within 1 px (no goal)", chain.cyclesAllBack,
                               chain.cycles, 0.0));
     goals.push_back(ShareGoal("floated again at the identical rectangle", floatIdentical, floatAgain, 100.0));
     const OpSummary& monitor = Of(s, OpKind::MonitorRemoval);
@@ -145,8 +153,10 @@ void WriteJson(std::ostream& out, int32_t seeds, const Summaries& s, const std::
             << ", \"max\": " << Percentile(m.displacements, 100) << "}, \"overlaps\": " << m.overlaps
             << ", \"min_sizes_broken\": " << m.minBroken << ", \"lost\": " << m.lost
             << ", \"float_again\": " << m.floatAgain << ", \"float_again_identical\": " << m.floatAgainIdentical
-            << ", \"mini_frames\": " << m.frames << ", \"mini_frames_reachable\": " << m.framesReachable
+            << ", \"layout_values\": " << m.layoutValues
+            << ", \"layout_values_identical\": " << m.layoutValuesIdentical << ", \"mini_frames\": " << m.frames << ", \"mini_frames_reachable\": " << m.framesReachable
             << ", \"cycles\": " << m.cycles << ", \"cycles_returned\": " << m.cyclesReturned
+            << ", \"cycles_all_back\": " << m.cyclesAllBack
             << ", \"clean_chains\": " << m.cleanChains << ", \"max_drift\": " << m.maxDrift << "}"
             << (k + 1 < s.size() ? "," : "") << "\n";
     }
@@ -166,9 +176,14 @@ void WriteTable(std::ostream& out, int32_t seeds, const Summaries& s, const std:
                   "pane0", "pane<=1", "p50", "p90", "p99", "max", "overlaps", "lost");
     out << line;
     for (const OpSummary& m : s) {
-        std::snprintf(line, sizeof line, "%-16s %5d %5d %6.1f%% %6.1f%% %6d %6d %6d %8d %8d %5d\n", OpName(m.kind),
-                      m.runs, m.skipped, Percent(m.paneExact, m.paneRuns), Percent(m.paneWithin1, m.paneRuns),
-                      Percentile(m.displacements, 50), Percentile(m.displacements, 90),
+        // The pane columns only for operations on one pane.
+        char exact[16] = "-", within[16] = "-";
+        if (m.paneRuns > 0) {
+            std::snprintf(exact, sizeof exact, "%.1f%%", Percent(m.paneExact, m.paneRuns));
+            std::snprintf(within, sizeof within, "%.1f%%", Percent(m.paneWithin1, m.paneRuns));
+        }
+        std::snprintf(line, sizeof line, "%-16s %5d %5d %7s %7s %6d %6d %6d %8d %8d %5d\n", OpName(m.kind), m.runs,
+                      m.skipped, exact, within, Percentile(m.displacements, 50), Percentile(m.displacements, 90),
                       Percentile(m.displacements, 99), Percentile(m.displacements, 100), m.overlaps, m.lost);
         out << line;
     }

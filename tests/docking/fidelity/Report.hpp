@@ -23,8 +23,10 @@ struct OpSummary {
     std::vector<int32_t> displacements;
     int32_t overlaps = 0, minBroken = 0, lost = 0;
     int32_t floatAgain = 0, floatAgainIdentical = 0;
+    int32_t layoutValues = 0, layoutValuesIdentical = 0;
     int32_t frames = 0, framesReachable = 0;
-    int32_t cycles = 0, cyclesReturned = 0, cleanChains = 0, maxDrift = 0;
+    // Chains are clean when every cycle brought every visible pane back within 1 px.
+    int32_t cycles = 0, cyclesReturned = 0, cyclesAllBack = 0, cleanChains = 0, maxDrift = 0;
 };
 using Summaries = std::array<OpSummary, kOpCount>;
 

@@ -1,17 +1,24 @@
 #include "Session.hpp"
 
+#include "support/ConfigHomeGuard.hpp"
 #include "window/WindowFixture.hpp"
 
 #include <vesk/docking/TamPaneFrameWnd.hpp>
 
 namespace vesk::fidelity {
 
-Session::Session(const TamSize& client, int32_t dpi) : m_pFrame(std::make_unique<CFrameWnd>())
+Session::Session(const TamSize& client, int32_t dpi, bool show) : m_pFrame(std::make_unique<CFrameWnd>())
 {
     m_pFrame->CreateFrame("Fidelity", TamPoint(0, 0), client);
-    m_pFrame->ShowWindow(SW_SHOW);
     m_pManager = std::make_unique<TamDockingManager>(*m_pFrame);
     m_pManager->SetDpi(dpi);
+    if (show)
+        Show();
+}
+
+void Session::Show()
+{
+    m_pFrame->ShowWindow(SW_SHOW);
     Pump();
 }
 
@@ -72,7 +79,7 @@ void Session::Pump()
         PumpMessages();
 }
 
-HeadlessLibrary::HeadlessLibrary()
+HeadlessLibrary::HeadlessLibrary() : m_pConfig(std::make_unique<test::ConfigHomeGuard>())
 {
     test::Headless();
     VeskInit();

@@ -11,6 +11,10 @@
 #include <string>
 #include <vector>
 
+namespace vesk::test {
+class ConfigHomeGuard;
+}
+
 namespace vesk::fidelity {
 
 using Rng = std::mt19937_64;
@@ -35,7 +39,8 @@ using Snapshot = std::vector<PaneShot>;
 
 class Session {
 public:
-    Session(const TamSize& client, int32_t dpi);
+    // `show`: the frame is shown at once, else by Show.
+    Session(const TamSize& client, int32_t dpi, bool show = true);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
@@ -47,6 +52,7 @@ public:
     CFrameWnd& Frame() const { return *m_pFrame; }
     NativeWindow HostHandle() const { return m_pManager->GetHost()->GetSafeHwnd(); }
 
+    void Show();
     // The frame's client area changes size, as when the user resizes it.
     void Resize(const TamSize& client);
     TamSize ClientSize() const;
@@ -63,11 +69,15 @@ private:
     std::vector<std::unique_ptr<TamDockablePane>> m_aPanes;
 };
 
-// Starts and ends the library on the headless display around a report run.
+// Starts and ends the library on the headless display around a report run, with the settings
+// store in a temporary folder.
 class HeadlessLibrary {
 public:
     HeadlessLibrary();
     ~HeadlessLibrary();
+
+private:
+    std::unique_ptr<test::ConfigHomeGuard> m_pConfig;
 };
 
 } // namespace vesk::fidelity
