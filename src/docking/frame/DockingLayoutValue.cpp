@@ -34,11 +34,12 @@ constexpr int32_t kMaxName = 1024;
 
 struct AwayPane {
     SString sName;
-    bool bHasPlace = false;
-    PaneDockPlace aPlace;
+    DockPosition aPos;
     CRectangle aDocked;
     CRectangle aFloated;
     int32_t nRow = 0;
+    uint32_t nAlign = 0;
+    int32_t nWidth = 0;
 };
 
 struct SavedLayout {
@@ -52,14 +53,9 @@ struct SavedLayout {
 bool ReadAway(DataBuffer& b, AwayPane& a)
 {
     LocalSizedRead section(b);
-    uint8_t hasPlace = 0, outermost = 0;
-    const bool ok = section.IsOpen() && b.ReadString(a.sName, kMaxName) && a.sName.Len() > 0 &&
-                    b.ReadByte(hasPlace) && b.ReadString(a.aPlace.sTarget, kMaxName) &&
-                    b.ReadUInt32(a.aPlace.nAlign) && b.ReadInt32(a.aPlace.nLength) && b.ReadByte(outermost) &&
-                    b.ReadRect(a.aDocked) && b.ReadRect(a.aFloated) && b.ReadInt32(a.nRow);
-    a.bHasPlace = hasPlace != 0;
-    a.aPlace.bOutermost = outermost != 0;
-    return ok;
+    return section.IsOpen() && b.ReadString(a.sName, kMaxName) && a.sName.Len() > 0 && a.aPos.ReadFromDataBuffer(b) &&
+           b.ReadRect(a.aDocked) && b.ReadRect(a.aFloated) && b.ReadInt32(a.nRow) && b.ReadUInt32(a.nAlign) &&
+           b.ReadInt32(a.nWidth);
 }
 
 // Reads a count and that many pane records; names must be new to `names`.
@@ -120,14 +116,12 @@ void TamDockingManager::WriteAway(DataBuffer& b, const TamDockablePane& pane) co
 {
     LocalSizedWrite section(b);
     b.WriteString(pane.m_sName);
-    b.WriteByte(pane.m_bHasDockPlace ? 1 : 0);
-    b.WriteString(pane.m_aRecentDock.sTarget);
-    b.WriteUInt32(pane.m_aRecentDock.nAlign);
-    b.WriteInt32(pane.m_aRecentDock.nLength);
-    b.WriteByte(pane.m_aRecentDock.bOutermost ? 1 : 0);
+    pane.m_aRecentPos.WriteToDataBuffer(b);
     b.WriteRect(pane.m_aRecentDocked);
     b.WriteRect(pane.m_pMiniFrame ? pane.m_pMiniFrame->GetWindowRect() : pane.m_aRecentFloat);
     b.WriteInt32(pane.m_nRecentRow);
+    b.WriteUInt32(pane.m_nRecentAlign);
+    b.WriteInt32(pane.m_nRecentWidth);
 }
 
 std::vector<uint8_t> TamDockingManager::SaveLayout() const
@@ -228,11 +222,12 @@ bool TamDockingManager::LoadLayout(std::span<const uint8_t> value)
     RecalcLayout();
 
     const auto restore = [](TamDockablePane& pane, const AwayPane& a) {
-        pane.m_bHasDockPlace = a.bHasPlace;
-        pane.m_aRecentDock = a.aPlace;
+        pane.SetRecentDockPosition(a.aPos);
         pane.m_aRecentDocked = a.aDocked;
         pane.m_aRecentFloat = a.aFloated;
         pane.m_nRecentRow = a.nRow;
+        pane.m_nRecentAlign = a.nAlign;
+        pane.m_nRecentWidth = a.nWidth;
     };
     for (const AwayPane& a : saved.aFloating) {
         if (TamDockablePane* pane = FindPane(a.sName)) {

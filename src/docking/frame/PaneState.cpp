@@ -44,8 +44,8 @@ bool TamDockablePane::SaveState(const UString& profile, int32_t index, uint32_t 
         index = m_nCtrlId;
     const std::u16string base = DockingSectionPath(profile, "BasePane", index, id);
     const std::u16string path = DockingSectionPath(profile, "Pane", index, id);
-    uint32_t align = m_aRecentDock.nAlign;
-    int32_t row = m_nRecentRow, width = m_aRecentDock.nLength;
+    uint32_t align = m_nRecentAlign;
+    int32_t row = m_nRecentRow, width = m_nRecentWidth;
     CRectangle docked = m_aRecentDocked;
     if (IsDocked()) {
         CurrentPlace(align, row, width);
@@ -76,11 +76,11 @@ bool TamDockablePane::LoadState(const UString& profile, int32_t index, uint32_t 
     if (ReadRectValue(path, u"RectRecentDocked", r))
         any = true, m_aRecentDocked = r;
     if (ReadIntValue(path, u"RecentFrameAlignment", v))
-        any = true, m_aRecentDock.nAlign = static_cast<uint32_t>(v);
+        any = true, m_nRecentAlign = static_cast<uint32_t>(v);
     if (ReadIntValue(path, u"RecentRowIndex", v))
         any = true, m_nRecentRow = v;
     if (ReadIntValue(path, u"MRUWidth", v))
-        any = true, m_aRecentDock.nLength = v;
+        any = true, m_nRecentWidth = v;
 
     int32_t visible = -1, floating = -1, pinned = -1;
     any |= ReadIntValue(base, u"IsVisible", visible);
@@ -95,7 +95,6 @@ bool TamDockablePane::LoadState(const UString& profile, int32_t index, uint32_t 
         if (!IsFloating())
             FloatPane();
     } else if (!IsDocked() && !IsAutoHidden()) {
-        m_bHasDockPlace = true; // at least the recent edge and width are known
         if (!m_pManager->Redock(*this) && !IsFloating())
             FloatPane();
     }

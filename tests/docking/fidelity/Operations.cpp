@@ -53,14 +53,18 @@ TamDockablePane* RandomDocked(const Session& session, Rng& rng)
     return docked[static_cast<size_t>(Uniform(rng, 0, static_cast<int32_t>(docked.size()) - 1))];
 }
 
-// Docks a floating pane back where it was docked last.
-bool Redock(TamDockingManager& manager, TamDockablePane& pane)
+void CountStep(const Session& session, OpRecord& record)
 {
-    const PaneDockPlace& place = pane.GetRecentDockPlace();
-    TamDockablePane* target = place.sTarget.Len() ? manager.FindPane(place.sTarget) : nullptr;
-    if (target && target->IsDocked())
-        return manager.DockIntoPane(&pane, target, place.nAlign, place.nLength);
-    return manager.DockIntoParent(&pane, place.nAlign, place.nLength, place.bOutermost);
+    ++record.steps[static_cast<size_t>(session.Manager().GetDockParent().GetLastPlacementStep())];
+}
+
+// Docks a floating pane back from its recent dock position.
+void Redock(Session& session, TamDockablePane& pane, OpRecord& record)
+{
+    DockPosition pos = pane.GetRecentDockPosition();
+    pos.SetIsFloating(false);
+    session.Manager().DockWithPosition(&pane, pos);
+    CountStep(session, record);
 }
 
 // Hides and shows one pane; the snapshots before and after.
@@ -71,6 +75,7 @@ std::pair<Snapshot, Snapshot> HideShowCycle(Session& session, TamDockablePane& p
     Session::Pump();
     Check(session, record);
     pane.ShowPane();
+    CountStep(session, record);
     Session::Pump();
     return {std::move(before), Check(session, record)};
 }
@@ -101,7 +106,7 @@ void FloatRedock(Session& session, Rng& rng, OpRecord& record)
     CRectangle floated;
     pane->GetMiniFrameScreenRect(floated);
     Check(session, record);
-    Redock(session.Manager(), *pane);
+    Redock(session, *pane, record);
     Session::Pump();
     const Snapshot after = Check(session, record);
     record.paneDisplacement = PaneDisplacement(before, after, name);
@@ -112,8 +117,6 @@ void FloatRedock(Session& session, Rng& rng, OpRecord& record)
     ++record.floatAgain;
     if (pane->GetMiniFrameScreenRect(again) && again == floated)
         ++record.floatAgainIdentical;
-    Redock(session.Manager(), *pane);
-    Session::Pump();
     Finish(before, after, record);
 }
 
@@ -285,6 +288,13 @@ void Chain(Session& session, Rng& rng, OpRecord& record)
 }
 
 } // namespace
+
+const char* StepName(DockPlacementStep step)
+{
+    static const char* const names[kStepCount] = {"none",        "holder",    "margin",   "justified_free",
+                                                  "aligned_row", "floating",  "heuristic", "emergency"};
+    return names[static_cast<size_t>(step)];
+}
 
 const char* OpName(OpKind kind)
 {

@@ -4,6 +4,9 @@
 // it measured on the way.
 #include "Metrics.hpp"
 
+#include <vesk/docking/TamDockParentWnd.hpp>
+
+#include <array>
 #include <cstdint>
 
 namespace vesk::fidelity {
@@ -21,6 +24,8 @@ enum class OpKind : uint8_t {
 };
 const char* OpName(OpKind kind);
 constexpr size_t kOpCount = static_cast<size_t>(OpKind::Count);
+constexpr size_t kStepCount = static_cast<size_t>(DockPlacementStep::Emergency) + 1;
+const char* StepName(DockPlacementStep step);
 
 struct OpRecord {
     OpKind kind = OpKind::HideShow;
@@ -30,6 +35,8 @@ struct OpRecord {
     bool hasPane = false;
     PaneClass paneClass = PaneClass::Other;
     int32_t paneDisplacement = 0;
+    // How often each DockWithPosition rule placed the pane (hide/show, float/redock, chains).
+    std::array<int32_t, kStepCount> steps{};
     // Every pane visible before against the end.
     Comparison all;
     // Summed over every state passed through.

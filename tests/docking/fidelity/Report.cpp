@@ -23,10 +23,16 @@ const OpSummary& Of(const Summaries& s, OpKind kind)
     return s[static_cast<size_t>(kind)];
 }
 
-// A share of at least `least` percent, as "measured% (part/whole)".
+// "share% (part/whole)".
+std::string ShareText(int32_t part, int32_t whole)
+{
+    return Format("%.2f%% (%.0f/%.0f)", Percent(part, whole), part, whole);
+}
+
+// A share of at least `least` percent.
 Goal ShareGoal(const std::string& name, int32_t part, int32_t whole, double least)
 {
-    return {name, Format("%.2f%% (%.0f/%.0f)", Percent(part, whole), part, whole), Percent(part, whole) >= least};
+    return {name, ShareText(part, whole), Percent(part, whole) >= least};
 }
 
 } // namespace
@@ -70,6 +76,8 @@ Summaries Summarise(const std::vector<OpRecord>& records)
             m.panesExact += d == 0 ? 1 : 0;
             m.displacements.push_back(d);
         }
+        for (size_t k = 0; k < kStepCount; ++k)
+            m.steps[k] += r.steps[k];
         m.floatAgain += r.floatAgain;
         m.floatAgainIdentical += r.floatAgainIdentical;
         m.layoutValues += r.layoutValues;
@@ -131,6 +139,15 @@ std::vector<Goal> EvaluateGoals(const Summaries& s)
                               chain.cycles, 0.0));
     goals.push_back(ShareGoal("chain cycles returning every pane within 1 px (no goal)", chain.cyclesAllBack,
                               chain.cycles, 0.0));
+    int32_t placed = 0;
+    for (OpKind kind : {OpKind::HideShow, OpKind::FloatRedock, OpKind::Chain}) {
+        for (size_t k = 1; k < kStepCount; ++k)
+            placed += Of(s, kind).steps[k];
+    }
+    int32_t emergency = 0;
+    for (OpKind kind : {OpKind::HideShow, OpKind::FloatRedock, OpKind::Chain})
+        emergency += Of(s, kind).steps[static_cast<size_t>(DockPlacementStep::Emergency)];
+    goals.push_back({"emergency placements <= 2%", ShareText(emergency, placed), emergency * 100 <= placed * 2});
     goals.push_back(ShareGoal("floated again at the identical rectangle", floatIdentical, floatAgain, 100.0));
     const OpSummary& monitor = Of(s, OpKind::MonitorRemoval);
     goals.push_back(ShareGoal("after a monitor goes, 64 x 24 px of every mini-frame visible", monitor.framesReachable,
@@ -157,7 +174,10 @@ void WriteJson(std::ostream& out, int32_t seeds, const Summaries& s, const std::
             << ", \"layout_values_identical\": " << m.layoutValuesIdentical << ", \"mini_frames\": " << m.frames << ", \"mini_frames_reachable\": " << m.framesReachable
             << ", \"cycles\": " << m.cycles << ", \"cycles_returned\": " << m.cyclesReturned
             << ", \"cycles_all_back\": " << m.cyclesAllBack
-            << ", \"clean_chains\": " << m.cleanChains << ", \"max_drift\": " << m.maxDrift << "}"
+            << ", \"clean_chains\": " << m.cleanChains << ", \"max_drift\": " << m.maxDrift << ", \"steps\": {";
+        for (size_t k = 1; k < kStepCount; ++k)
+            out << "\"" << StepName(static_cast<DockPlacementStep>(k)) << "\": " << m.steps[k] << (k + 1 < kStepCount ? ", " : "");
+        out << "}}"
             << (k + 1 < s.size() ? "," : "") << "\n";
     }
     out << "  },\n  \"goals\": [\n";
@@ -185,6 +205,13 @@ void WriteTable(std::ostream& out, int32_t seeds, const Summaries& s, const std:
         std::snprintf(line, sizeof line, "%-16s %5d %5d %7s %7s %6d %6d %6d %8d %8d %5d\n", OpName(m.kind), m.runs,
                       m.skipped, exact, within, Percentile(m.displacements, 50), Percentile(m.displacements, 90),
                       Percentile(m.displacements, 99), Percentile(m.displacements, 100), m.overlaps, m.lost);
+        out << line;
+    }
+    out << "\nPlacement steps (hide/show, float/redock, chain cycles)\n";
+    for (size_t k = 1; k < kStepCount; ++k) {
+        std::snprintf(line, sizeof line, "  %-15s %6d %6d %6d\n", StepName(static_cast<DockPlacementStep>(k)),
+                      s[static_cast<size_t>(OpKind::HideShow)].steps[k], s[static_cast<size_t>(OpKind::FloatRedock)].steps[k],
+                      s[static_cast<size_t>(OpKind::Chain)].steps[k]);
         out << line;
     }
     out << "\nGoals\n";

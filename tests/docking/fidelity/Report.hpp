@@ -21,6 +21,7 @@ struct OpSummary {
     int32_t allWithin1 = 0; // runs where every visible pane came back within 1 px
     int32_t panesSeen = 0, panesExact = 0;
     std::vector<int32_t> displacements;
+    std::array<int32_t, kStepCount> steps{};
     int32_t overlaps = 0, minBroken = 0, lost = 0;
     int32_t floatAgain = 0, floatAgainIdentical = 0;
     int32_t layoutValues = 0, layoutValuesIdentical = 0;
