@@ -61,16 +61,23 @@ TEST_F(FidelityQuick, SaveThenLoadIntoAFreshManagerIsExact)
 
 TEST_F(FidelityQuick, HiddenAndFloatedPanesFindTheirWayBack)
 {
-    int32_t runs = 0, allBack = 0;
+    int32_t runs = 0, allBack = 0, placed = 0, emergency = 0;
     for (OpKind kind : {OpKind::HideShow, OpKind::FloatRedock}) {
         const OpSummary m = Run(kind);
         ExpectInvariants(m);
         EXPECT_EQ(m.paneRuns, m.runs) << OpName(kind);
+        EXPECT_EQ(m.simpleWithin1, m.simpleRuns) << OpName(kind);
+        EXPECT_GE(m.paneWithin1 * 100, m.paneRuns * 80) << OpName(kind);
         EXPECT_EQ(m.floatAgainIdentical, m.floatAgain) << OpName(kind);
         runs += m.runs;
         allBack += m.allWithin1;
+        for (size_t k = 1; k < kStepCount; ++k)
+            placed += m.steps[k];
+        emergency += m.steps[static_cast<size_t>(DockPlacementStep::Emergency)];
     }
     EXPECT_GE(allBack * 100, runs * 70);
+    EXPECT_EQ(placed, runs); // every return went through the placement rules
+    EXPECT_LE(emergency * 100, placed * 2);
 }
 
 TEST_F(FidelityQuick, ChainsOfSuccessfulReturnsDoNotDrift)
@@ -184,7 +191,8 @@ TEST(FidelityMetrics, GoalsFollowTheSummaries)
     records[0].ran = records[1].ran = true;
     records[0].hasPane = records[1].hasPane = true;
     records[0].paneClass = PaneClass::FillsBand;
-    records[1].paneDisplacement = 2; // beside a split, missed
+    records[0].paneDisplacement = 1;   // within 1 px
+    records[1].paneDisplacement = 2;   // beside a split, missed
     records[1].all.allWithin1 = false;
     Summaries s = Summarise(records);
     const OpSummary& m = s[static_cast<size_t>(OpKind::HideShow)];
@@ -206,6 +214,28 @@ TEST(FidelityMetrics, GoalsFollowTheSummaries)
     records[0].overlaps = 1;
     goals = EvaluateGoals(Summarise(records));
     EXPECT_FALSE(find(goals, "0 overlaps").met);
+
+    // Emergency placements: 1 in 50 is within the 2%, 2 in 50 are not.
+    records[0].steps[static_cast<size_t>(DockPlacementStep::Holder)] = 49;
+    records[0].steps[static_cast<size_t>(DockPlacementStep::Emergency)] = 1;
+    EXPECT_TRUE(find(EvaluateGoals(Summarise(records)), "emergency").met);
+    records[0].steps[static_cast<size_t>(DockPlacementStep::Holder)] = 48;
+    records[0].steps[static_cast<size_t>(DockPlacementStep::Emergency)] = 2;
+    EXPECT_FALSE(find(EvaluateGoals(Summarise(records)), "emergency").met);
+
+    // Drift counts only along chains where every cycle brought every pane back.
+    OpRecord chain;
+    chain.kind = OpKind::Chain;
+    chain.ran = true;
+    chain.cycles = 50;
+    chain.cyclesAllBack = 49;
+    chain.drift = 300;
+    records.push_back(chain);
+    EXPECT_TRUE(find(EvaluateGoals(Summarise(records)), "0 px drift").met);
+    chain.cyclesAllBack = 50;
+    chain.drift = 1;
+    records.push_back(chain);
+    EXPECT_FALSE(find(EvaluateGoals(Summarise(records)), "0 px drift").met);
 }
 
 } // namespace
