@@ -31,6 +31,13 @@ int32_t Between(const PaneShot& was, const PaneShot* now)
     return Displacement(was.rect, now->rect);
 }
 
+bool Intersect(const CRectangle& a, const CRectangle& b)
+{
+    const int32_t w = std::min(a.Right(), b.Right()) - std::max(a.Left(), b.Left());
+    const int32_t h = std::min(a.Bottom(), b.Bottom()) - std::max(a.Top(), b.Top());
+    return w > 0 && h > 0;
+}
+
 } // namespace
 
 Comparison Compare(const Snapshot& before, const Snapshot& after)
@@ -53,20 +60,16 @@ int32_t PaneDisplacement(const Snapshot& before, const Snapshot& after, const st
     return was ? Between(*was, Find(after, name)) : kStateChanged;
 }
 
-int32_t CountOverlaps(const Snapshot& shot)
+int32_t CountOverlaps(const Snapshot& shot, const std::vector<CRectangle>& bars)
 {
     int32_t count = 0;
     for (size_t i = 0; i < shot.size(); ++i) {
-        for (size_t j = i + 1; j < shot.size(); ++j) {
-            if (shot[i].state != PaneState::Docked || shot[j].state != PaneState::Docked)
-                continue;
-            const CRectangle& a = shot[i].rect;
-            const CRectangle& b = shot[j].rect;
-            const int32_t w = std::min(a.Right(), b.Right()) - std::max(a.Left(), b.Left());
-            const int32_t h = std::min(a.Bottom(), b.Bottom()) - std::max(a.Top(), b.Top());
-            if (w > 0 && h > 0)
-                ++count;
-        }
+        if (shot[i].state != PaneState::Docked)
+            continue;
+        for (size_t j = i + 1; j < shot.size(); ++j)
+            count += shot[j].state == PaneState::Docked && Intersect(shot[i].rect, shot[j].rect) ? 1 : 0;
+        for (const CRectangle& bar : bars)
+            count += Intersect(shot[i].rect, bar) ? 1 : 0;
     }
     return count;
 }

@@ -24,8 +24,9 @@ Comparison Compare(const Snapshot& before, const Snapshot& after);
 // The displacement of one pane between two snapshots.
 int32_t PaneDisplacement(const Snapshot& before, const Snapshot& after, const std::string& name);
 
-// Pairs of docked panes whose rectangles share area.
-int32_t CountOverlaps(const Snapshot& shot);
+// Pairs of docked panes whose rectangles share area, and docked panes that share area with a
+// divider bar of `bars`.
+int32_t CountOverlaps(const Snapshot& shot, const std::vector<CRectangle>& bars = {});
 // Docked panes below their minimum size at `dpi`.
 int32_t CountMinBroken(const Snapshot& shot, int32_t dpi);
 // Panes visible in `before` that are neither docked nor floating with at least

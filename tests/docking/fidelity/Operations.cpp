@@ -25,7 +25,7 @@ std::vector<CRectangle> Screens()
 Snapshot Check(const Session& session, OpRecord& record)
 {
     Snapshot shot = session.Shoot();
-    record.overlaps += CountOverlaps(shot);
+    record.overlaps += CountOverlaps(shot, session.DividerRects());
     const int32_t dpi = session.Manager().GetDpi();
     const TamSize need = session.Manager().GetModel().GetMinClientSize(dpi);
     const TamSize have = session.ClientSize();

@@ -125,7 +125,7 @@ TEST(FidelityMetrics, DisplacementIsTheLargestEdgeMoveAndStateChangesCountAsLost
     EXPECT_EQ(PaneDisplacement(before, Snapshot{}, "b"), kStateChanged);
 }
 
-TEST(FidelityMetrics, OverlapsCountSharedAreaOfDockedPanesOnly)
+TEST(FidelityMetrics, OverlapsCountSharedAreaOfDockedPanesAndBars)
 {
     Snapshot shot{Shot("a", PaneState::Docked, CRectangle(0, 0, 100, 100)),
                   Shot("b", PaneState::Docked, CRectangle(100, 0, 200, 100)), // touching: fine
@@ -135,6 +135,12 @@ TEST(FidelityMetrics, OverlapsCountSharedAreaOfDockedPanesOnly)
     EXPECT_EQ(CountOverlaps(shot), 1);
     shot.push_back(Shot("c", PaneState::Docked, CRectangle(0, 0, 10, 10))); // inside a
     EXPECT_EQ(CountOverlaps(shot), 2);
+    // Divider bars: a bar between two panes is fine, one over a pane is not.
+    shot.pop_back();
+    shot[1].rect = CRectangle(104, 0, 200, 100);
+    EXPECT_EQ(CountOverlaps(shot, {CRectangle(100, 0, 104, 100)}), 0);
+    EXPECT_EQ(CountOverlaps(shot, {CRectangle(99, 0, 103, 100)}), 1);
+    EXPECT_EQ(CountOverlaps(shot, {CRectangle(99, 0, 105, 100)}), 2);
 }
 
 TEST(FidelityMetrics, MinimumSizesScaleWithResolution)

@@ -3,6 +3,7 @@
 #include "support/ConfigHomeGuard.hpp"
 #include "window/WindowFixture.hpp"
 
+#include <vesk/docking/TamPaneContainer.hpp>
 #include <vesk/docking/TamPaneFrameWnd.hpp>
 
 namespace vesk::fidelity {
@@ -71,6 +72,14 @@ Snapshot Session::Shoot() const
         shot.push_back(s);
     }
     return shot;
+}
+
+std::vector<CRectangle> Session::DividerRects() const
+{
+    std::vector<CRectangle> bars;
+    for (const auto& divider : m_pManager->GetDividers())
+        bars.push_back(HostRect(*divider->GetCWnd()));
+    return bars;
 }
 
 void Session::Pump()

@@ -57,6 +57,8 @@ public:
     void Resize(const TamSize& client);
     TamSize ClientSize() const;
     Snapshot Shoot() const;
+    // The divider bars' window rectangles in the host's client coordinates.
+    std::vector<CRectangle> DividerRects() const;
     // A rectangle of a window in the host's client coordinates.
     CRectangle HostRect(const CWnd& wnd) const;
 
