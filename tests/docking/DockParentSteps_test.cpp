@@ -139,6 +139,10 @@ TEST_F(DockStepTest, EmergencyPlacesInAThousandByEightHundredParent)
     tall->HidePane();
     parent.DockWithPosition(wide, Unplaced(TamSize(900, 500)));
     EXPECT_EQ(Height(HostRect(wide)), 200);
+    wide->HidePane();
+    // Square: at the right.
+    parent.DockWithPosition(tall, Unplaced(TamSize(300, 300)));
+    EXPECT_EQ(HostRect(tall), CRectangle(750, 0, 1000, 800));
 }
 
 // Records the callbacks in the order they come; the may-close answer is set by the test.
@@ -158,7 +162,13 @@ struct Recorder {
             shownWhileHidden = static_cast<TamDockablePane*>(pane);
         return 0;
     }
-    int32_t Recent(void*) { calls.push_back("recent"); return 0; }
+    CRectangle recentFloat;
+    int32_t Recent(void* pane)
+    {
+        calls.push_back("recent");
+        recentFloat = static_cast<TamDockablePane*>(pane)->GetRRecentDockPosition().GetRectRecentFloat();
+        return 0;
+    }
     int32_t FloatQuery(void* pos)
     {
         calls.push_back("float-query");
@@ -219,6 +229,7 @@ TEST_F(DockStepTest, CallbacksInTheirOrderAndRefusal)
     rec.takeFloat = 1;
     ASSERT_TRUE(b->FloatPane());
     EXPECT_EQ(rec.calls, (std::vector<std::string>{"float-query", "recent"}));
+    EXPECT_EQ(rec.recentFloat, CRectangle(100, 120, 400, 320)); // stored before it was reported
     CRectangle mini;
     ASSERT_TRUE(b->GetMiniFrameScreenRect(mini));
     EXPECT_EQ(mini, CRectangle(100, 120, 400, 320));
