@@ -48,9 +48,9 @@ public:
     // shown (floating or docked at its recent place), hidden or pinned off as the visibility,
     // floating and pin values say. True when any value was read.
     bool LoadState(const UString& profile, int32_t index = -1, uint32_t id = PANE_DEFAULT_STATE_ID);
-    // The rank of the pane's band among the bands of its edge, outermost 0; when it is not
-    // docked, the rank it had when it was docked last.
-    int32_t GetRecentRowIndex() const;
+    // The edge of the pane's band, the band's rank among the bands of that edge (outermost 0)
+    // and the pane's extent across the edge; when it is not docked, as when it was docked last.
+    void GetRecentPlace(uint32_t& align, int32_t& row, int32_t& width) const;
 
     CRectangle GetScreenRect() const override;
     bool GetMiniFrameScreenRect(CRectangle& rect) const override;
@@ -118,18 +118,18 @@ private:
     void PlaceAt(const CRectangle& rect);
     void FitLibraryWindow();
     void DropMiniFrame();
-    // Docked: the side, band rank and extent across its edge, from the live layout.
-    void CurrentPlace(uint32_t& align, int32_t& row, int32_t& width) const;
     // Floats at `rect`; a docked pane leaves the layout remembering its place.
     bool Float(const CRectangle& rect);
     // Out of the layout, off its strip and out of its mini-frame, hidden.
     void Conceal();
+    // Docked: the side, band rank and extent across its edge, from the live layout.
+    void CurrentPlace(uint32_t& align, int32_t& row, int32_t& width) const;
 
     TamDockingManager* m_pManager = nullptr;
     CWnd m_aWnd;
     SString m_sName;
     int32_t m_nCtrlId = 0;
-    // The band side, rank and extent across the edge when last docked (saved layouts).
+    // Edge, band rank and extent across the edge when last docked.
     uint32_t m_nRecentAlign = 0;
     int32_t m_nRecentRow = 0;
     int32_t m_nRecentWidth = 0;

@@ -247,12 +247,8 @@ bool TamDockingManager::TakeOut(TamDockablePane& pane, bool remember)
     if (!pane.IsDocked())
         return false;
     if (const LayoutPane* model = m_pModel->FindPane(pane.GetName())) {
-        const CRectangle& r = model->GetScreenRect();
-        pane.m_aRecentDocked = r;
+        pane.m_aRecentDocked = model->GetScreenRect();
         pane.CurrentPlace(pane.m_nRecentAlign, pane.m_nRecentRow, pane.m_nRecentWidth);
-        // Beside another pane the remembered width is its extent along their split.
-        if (const LayoutNode* split = model->GetNode()->GetParent())
-            pane.m_nRecentWidth = split->IsSideBySide() ? r.Right() - r.Left() : r.Bottom() - r.Top();
     }
     if (remember) {
         DockPosition pos = pane.GetRecentDockPosition();
@@ -295,20 +291,6 @@ void TamDockingManager::FillMiniFrameVec(std::vector<TamPaneFrameWnd*>& frames) 
     for (TamDockablePane* pane : m_aPanes) {
         if (pane->m_pMiniFrame)
             frames.push_back(pane->m_pMiniFrame);
-    }
-}
-
-void TamDockingManager::KeepMiniFramesVisible()
-{
-    const std::vector<CRectangle> screens = TamPaneFrameWnd::GetScreenRects();
-    for (TamDockablePane* pane : m_aPanes) {
-        TamPaneFrameWnd* frame = pane->m_pMiniFrame;
-        if (!frame)
-            continue;
-        const CRectangle was = frame->GetWindowRect();
-        const CRectangle r = TamPaneFrameWnd::KeepVisible(was, screens);
-        if (r != was)
-            frame->MoveWindow(r.Left(), r.Top(), r.Right() - r.Left(), r.Bottom() - r.Top());
     }
 }
 

@@ -28,14 +28,15 @@ void TamDockablePane::CurrentPlace(uint32_t& align, int32_t& row, int32_t& width
     width = across ? r.Right() - r.Left() : r.Bottom() - r.Top();
 }
 
-int32_t TamDockablePane::GetRecentRowIndex() const
+void TamDockablePane::GetRecentPlace(uint32_t& align, int32_t& row, int32_t& width) const
 {
-    if (!IsDocked())
-        return m_nRecentRow;
-    uint32_t align = 0;
-    int32_t row = 0, width = 0;
-    CurrentPlace(align, row, width);
-    return row;
+    if (IsDocked()) {
+        CurrentPlace(align, row, width);
+    } else {
+        align = m_nRecentAlign;
+        row = m_nRecentRow;
+        width = m_nRecentWidth;
+    }
 }
 
 bool TamDockablePane::SaveState(const UString& profile, int32_t index, uint32_t id) const
@@ -44,13 +45,10 @@ bool TamDockablePane::SaveState(const UString& profile, int32_t index, uint32_t 
         index = m_nCtrlId;
     const std::u16string base = DockingSectionPath(profile, "BasePane", index, id);
     const std::u16string path = DockingSectionPath(profile, "Pane", index, id);
-    uint32_t align = m_nRecentAlign;
-    int32_t row = m_nRecentRow, width = m_nRecentWidth;
-    CRectangle docked = m_aRecentDocked;
-    if (IsDocked()) {
-        CurrentPlace(align, row, width);
-        docked = m_pManager->m_pModel->FindPane(m_sName)->GetScreenRect();
-    }
+    uint32_t align = 0;
+    int32_t row = 0, width = 0;
+    GetRecentPlace(align, row, width);
+    const CRectangle docked = IsDocked() ? m_pManager->m_pModel->FindPane(m_sName)->GetScreenRect() : m_aRecentDocked;
     const CRectangle floated = m_pMiniFrame ? m_pMiniFrame->GetWindowRect() : m_aRecentFloat;
     return WriteIntValue(base, u"IsVisible", IsDocked() || IsFloating() || IsAutoHidden()) &&
            WriteIntValue(path, u"ID", m_nCtrlId) && WriteRectValue(path, u"RectRecentFloat", floated) &&
@@ -95,7 +93,14 @@ bool TamDockablePane::LoadState(const UString& profile, int32_t index, uint32_t 
         if (!IsFloating())
             FloatPane();
     } else if (!IsDocked() && !IsAutoHidden()) {
-        if (!m_pManager->Redock(*this) && !IsFloating())
+        if (m_aRecentPos.GetMarginAlign() == 0 && m_aRecentPos.GetNeighbourVec().empty()) {
+            // Nothing to go by: a band of its own at the recent edge, as thick as it was.
+            DockPosition pos = m_aRecentPos;
+            pos.SetMarginAlign(m_nRecentAlign);
+            pos.SetSize(TamSize(m_nRecentWidth, m_nRecentWidth));
+            SetRecentDockPosition(pos);
+        }
+        if (!RedockPane() && !IsFloating())
             FloatPane();
     }
     if (pinned == 1 && IsDocked())
