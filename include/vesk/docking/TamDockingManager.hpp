@@ -58,6 +58,9 @@ public:
     void FillAutoHidePaneVec(std::vector<TamDockablePane*>& panes) const;
     void FillMiniFrameVec(std::vector<TamPaneFrameWnd*>& frames) const;
     TamDockablePane* FindPane(const SString& name) const;
+    // Moves every mini-frame that shows less than 64 x 24 pixels on the screens onto one
+    // (after the monitors changed).
+    void KeepMiniFramesVisible();
 
     // Makes a dock site as `info` says; on failure shows "DockBar Create FAILED" and returns
     // false. `site` is null first and the new site on success (the manager owns it).

@@ -19,6 +19,14 @@ public:
     TamDockablePane& GetPane() const { return m_rPane; }
     // `rect` moved so that it lies on a screen (as far as it fits), given the screens.
     static CRectangle KeepOnScreen(const CRectangle& rect, const std::vector<CRectangle>& screens);
+    // `rect` unchanged while at least MIN_VISIBLE_WIDTH x MIN_VISIBLE_HEIGHT pixels of it (all
+    // of a side shorter than that) lie on one screen, enough to grab the caption; else moved
+    // onto a screen.
+    static CRectangle KeepVisible(const CRectangle& rect, const std::vector<CRectangle>& screens);
+    // The display's screens now.
+    static std::vector<CRectangle> GetScreenRects();
+    static constexpr int32_t MIN_VISIBLE_WIDTH = 64;
+    static constexpr int32_t MIN_VISIBLE_HEIGHT = 24;
 
 protected:
     intptr_t WindowProc(uint32_t message, WParam wParam, LParam lParam) override;

@@ -294,6 +294,20 @@ void TamDockingManager::FillMiniFrameVec(std::vector<TamPaneFrameWnd*>& frames) 
     }
 }
 
+void TamDockingManager::KeepMiniFramesVisible()
+{
+    const std::vector<CRectangle> screens = TamPaneFrameWnd::GetScreenRects();
+    for (TamDockablePane* pane : m_aPanes) {
+        TamPaneFrameWnd* frame = pane->m_pMiniFrame;
+        if (!frame)
+            continue;
+        const CRectangle was = frame->GetWindowRect();
+        const CRectangle r = TamPaneFrameWnd::KeepVisible(was, screens);
+        if (r != was)
+            frame->MoveWindow(r.Left(), r.Top(), r.Right() - r.Left(), r.Bottom() - r.Top());
+    }
+}
+
 bool TamDockingManager::AddDockSite(const AFX_DOCKSITE_INFO& info, TamDockSite** site)
 {
     if (site)

@@ -41,12 +41,31 @@ CRectangle TamPaneFrameWnd::KeepOnScreen(const CRectangle& rect, const std::vect
     return CRectangle(x, y, x + w, y + h);
 }
 
-bool TamPaneFrameWnd::Create(const CRectangle& rect, CWnd* owner)
+CRectangle TamPaneFrameWnd::KeepVisible(const CRectangle& rect, const std::vector<CRectangle>& screens)
+{
+    // A frame narrower or lower than that must show whole along that side.
+    const int32_t needW = std::min(MIN_VISIBLE_WIDTH, rect.Right() - rect.Left());
+    const int32_t needH = std::min(MIN_VISIBLE_HEIGHT, rect.Bottom() - rect.Top());
+    for (const CRectangle& s : screens) {
+        const int32_t w = std::min(rect.Right(), s.Right()) - std::max(rect.Left(), s.Left());
+        const int32_t h = std::min(rect.Bottom(), s.Bottom()) - std::max(rect.Top(), s.Top());
+        if (w >= needW && h >= needH && w > 0 && h > 0)
+            return rect;
+    }
+    return KeepOnScreen(rect, screens);
+}
+
+std::vector<CRectangle> TamPaneFrameWnd::GetScreenRects()
 {
     std::vector<CRectangle> screens;
     for (const display::ScreenInfo& s : display::GetDisplayBackend().GetScreens())
         screens.emplace_back(s.x, s.y, s.x + s.width, s.y + s.height);
-    const CRectangle r = KeepOnScreen(rect, screens);
+    return screens;
+}
+
+bool TamPaneFrameWnd::Create(const CRectangle& rect, CWnd* owner)
+{
+    const CRectangle r = KeepOnScreen(rect, GetScreenRects());
     const SString name = m_rPane.GetName();
     return CWnd::Create(owner ? WndKind::Popup : WndKind::TopLevel, owner, r.TopLeft(), TamSize(r.Right() - r.Left(), r.Bottom() - r.Top()),
                         static_cast<const char*>(name));
@@ -61,6 +80,11 @@ intptr_t TamPaneFrameWnd::WindowProc(uint32_t message, WParam wParam, LParam lPa
         if (TamDockingManager* manager = m_rPane.GetManager())
             PostMessage(manager->GetHost()->GetSafeHwnd(), WM_DOCK_CLOSEPANE, 0, reinterpret_cast<LParam>(&m_rPane));
         return 0;
+    case WM_DISPLAYCHANGE:
+        // A monitor went away or changed: every mini-frame must stay reachable.
+        if (TamDockingManager* manager = m_rPane.GetManager())
+            manager->KeepMiniFramesVisible();
+        return CWnd::WindowProc(message, wParam, lParam);
     case WM_SIZE: {
         const intptr_t result = CWnd::WindowProc(message, wParam, lParam);
         if (CWnd* pane = m_rPane.GetCWnd(); pane && pane->GetParent() == this) {

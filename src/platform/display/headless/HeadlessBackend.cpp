@@ -36,7 +36,7 @@ NativeWindow Handle(uintptr_t id)
 
 } // namespace
 
-HeadlessBackend::HeadlessBackend() = default;
+HeadlessBackend::HeadlessBackend() : m_aScreens{ScreenInfo{0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 96.0}} {}
 
 HeadlessBackend::~HeadlessBackend()
 {
@@ -382,7 +382,20 @@ NativeWindow HeadlessBackend::GetCapture() const
 
 std::vector<ScreenInfo> HeadlessBackend::GetScreens() const
 {
-    return {ScreenInfo{0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 96.0}};
+    std::lock_guard lock(m_aMutex);
+    return m_aScreens;
+}
+
+void HeadlessBackend::SetScreens(const std::vector<ScreenInfo>& screens)
+{
+    std::lock_guard lock(m_aMutex);
+    m_aScreens = screens;
+    const ScreenInfo first = screens.empty() ? ScreenInfo{} : screens.front();
+    const LParam size = static_cast<LParam>((first.width & 0xFFFF) | ((first.height & 0xFFFF) << 16));
+    for (const auto& [id, w] : m_aWindows) {
+        if (w->kind != WindowKind::Child)
+            Queue(Handle(id), WM_DISPLAYCHANGE, 32, size);
+    }
 }
 
 int HeadlessBackend::MessageBox(NativeWindow owner, const std::string& text, const std::string& caption,

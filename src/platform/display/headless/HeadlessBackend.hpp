@@ -87,6 +87,9 @@ public:
     void InjectClose(NativeWindow window);
     // The window manager gave the focus to `window` (null: to no window of ours).
     void InjectFocus(NativeWindow window);
+    // The monitors change (one 1920 x 1080 screen at first): every window that is not a child
+    // gets WM_DISPLAYCHANGE with the first screen's size, as after a server's screen change.
+    void SetScreens(const std::vector<ScreenInfo>& screens);
 
     // The current cursor of a window and the message boxes shown so far.
     CursorShape GetCursor(NativeWindow window) const;
@@ -136,6 +139,7 @@ private:
     uint32_t m_nButtons = 0;           // MK_ bits of the buttons held
     DoubleClick m_aClicks;
     std::vector<MessageBoxRecord> m_aMessageBoxes;
+    std::vector<ScreenInfo> m_aScreens;
 };
 
 } // namespace vesk::display
