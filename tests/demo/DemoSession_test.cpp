@@ -1,7 +1,6 @@
 // The demo's headless session run as a program: the step lines it prints, the files it
 // writes, and how it reports bad input. Also the pane layout it arranges.
 
-#include "Layout.hpp"
 #include "support/TempDir.hpp"
 
 #include <gtest/gtest.h>
@@ -135,68 +134,6 @@ TEST(DemoSession, JobsThatCannotBeDoneFailWithOneLine)
 
     const DemoRun badOption = RunDemo("--frobnicate");
     EXPECT_EQ(badOption.status, 2);
-}
-
-using demo::Box;
-using demo::ComputeLayout;
-
-int64_t Area(const Box& b)
-{
-    return int64_t(b.width) * b.height;
-}
-
-bool Overlap(const Box& a, const Box& b)
-{
-    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
-}
-
-TEST(DemoLayout, VisiblePanesTileTheAreaWithoutOverlap)
-{
-    for (const auto& [w, h] : {std::pair{880, 540}, {721, 451}, {3, 7}, {1999, 1001}}) {
-        for (int mask = 0; mask < 32; ++mask) {
-            demo::PaneVisibility visible{};
-            for (int i = 0; i < demo::PANE_COUNT; ++i)
-                visible[i] = mask & (1 << i);
-            const demo::PaneBoxes boxes = ComputeLayout(w, h, visible);
-            for (int i = 0; i < demo::PANE_COUNT; ++i) {
-                if (!visible[i]) {
-                    EXPECT_EQ(Area(boxes[i]), 0) << mask;
-                }
-                EXPECT_GE(boxes[i].x, 0);
-                EXPECT_GE(boxes[i].y, 0);
-                EXPECT_LE(boxes[i].x + boxes[i].width, w);
-                EXPECT_LE(boxes[i].y + boxes[i].height, h);
-                for (int j = i + 1; j < demo::PANE_COUNT; ++j)
-                    EXPECT_FALSE(Overlap(boxes[i], boxes[j])) << w << "x" << h << " mask " << mask << " " << i << "/" << j;
-            }
-            if (mask == 31) {
-                int64_t total = 0;
-                for (const Box& b : boxes)
-                    total += Area(b);
-                EXPECT_EQ(total, int64_t(w) * h) << w << "x" << h;
-            }
-        }
-    }
-}
-
-TEST(DemoLayout, ProportionsAndSharedColumn)
-{
-    const demo::PaneBoxes all = ComputeLayout(1000, 500, {true, true, true, true, true});
-    EXPECT_EQ(all[demo::PANE_FOLDER], (Box{0, 0, 250, 400}));
-    EXPECT_EQ(all[demo::PANE_PREVIEW], (Box{250, 0, 470, 400}));
-    EXPECT_EQ(all[demo::PANE_PROPERTIES], (Box{720, 0, 280, 200}));
-    EXPECT_EQ(all[demo::PANE_COLOURS], (Box{720, 200, 280, 200}));
-    EXPECT_EQ(all[demo::PANE_LOG], (Box{0, 400, 1000, 100}));
-
-    // Colours hidden: properties takes the whole right column, the others stay where they were.
-    const demo::PaneBoxes noColours = ComputeLayout(1000, 500, {true, true, true, false, true});
-    EXPECT_EQ(noColours[demo::PANE_PROPERTIES], (Box{720, 0, 280, 400}));
-    EXPECT_EQ(noColours[demo::PANE_PREVIEW], all[demo::PANE_PREVIEW]);
-    // No log: the top row takes the full height.
-    EXPECT_EQ(ComputeLayout(1000, 500, {true, true, false, false, false})[demo::PANE_PREVIEW], (Box{250, 0, 750, 500}));
-    // A negative size places nothing.
-    for (const Box& b : ComputeLayout(-5, -5, {true, true, true, true, true}))
-        EXPECT_EQ(Area(b), 0);
 }
 
 } // namespace
