@@ -2,6 +2,7 @@
 
 #include <vesk/docking/DockablePane.hpp>
 #include <vesk/export.hpp>
+#include <vesk/text/UString.hpp>
 #include <vesk/values/TamSize.hpp>
 #include <vesk/window/Window.hpp>
 
@@ -11,6 +12,9 @@ namespace vesk {
 
 class TamDockingManager;
 class TamPaneFrameWnd;
+
+// The id that asks a pane's SaveState and LoadState for the plain section names.
+inline constexpr uint32_t PANE_DEFAULT_STATE_ID = 0xFFFFFFFF;
 
 // Where a pane was docked last: beside a named pane, or in a band at a frame edge.
 struct PaneDockPlace {
@@ -34,6 +38,27 @@ public:
     TamDockingManager* GetManager() const { return m_pManager; }
 
     SString GetName() const override { return m_sName; }
+    // The control id, which names the pane's saved sections. Create gives each pane of a
+    // manager the next id from 1 in creation order; applications that add or drop panes
+    // between versions should set stable ids.
+    int32_t GetDlgCtrlID() const { return m_nCtrlId; }
+    void SetDlgCtrlID(int32_t id) { m_nCtrlId = id; }
+
+    // Writes the pane's sections of the saved layout "<profile>BasePane-<index>" and
+    // "<profile>Pane-<index>" under the docking managers' key; `index` -1 means the control id.
+    // An `id` other than PANE_DEFAULT_STATE_ID is appended in hexadecimal
+    // ("<profile>Pane-<index><id>"), for applications that keep several states of one pane.
+    // False when a value cannot be written.
+    bool SaveState(const UString& profile, int32_t index = -1, uint32_t id = PANE_DEFAULT_STATE_ID) const;
+    // Reads the same values; a missing value keeps the pane's current one. The recent
+    // rectangles, alignment, row and width fill the pane's recent place; then the pane is
+    // shown (floating or docked at its recent place), hidden or pinned off as the visibility,
+    // floating and pin values say. True when any value was read.
+    bool LoadState(const UString& profile, int32_t index = -1, uint32_t id = PANE_DEFAULT_STATE_ID);
+    // The rank of the pane's band among the bands of its edge, outermost 0; when it is not
+    // docked, the rank it had when it was docked last.
+    int32_t GetRecentRowIndex() const;
+
     CRectangle GetScreenRect() const override;
     bool GetMiniFrameScreenRect(CRectangle& rect) const override;
     void SetSizeInContainer(int32_t length) override;
@@ -63,6 +88,8 @@ public:
     bool IsDocked() const { return m_eState == State::Docked; }
     bool IsFloating() const { return m_eState == State::Floating; }
     bool IsAutoHidden() const { return m_eState == State::AutoHidden; }
+    // Neither docked, floating nor pinned off.
+    bool IsHidden() const { return m_eState == State::Hidden; }
     // CBRS_ALIGN_* side of the pane's band or of the pane it was docked beside; 0 when not docked.
     uint32_t GetCurrentAlignment() const;
     // Pins the pane off into its edge's auto-hide strip (true) or back into the layout.
@@ -87,10 +114,14 @@ private:
     void PlaceAt(const CRectangle& rect);
     void FitLibraryWindow();
     void DropMiniFrame();
+    // Docked: the side, band rank and extent across its edge, from the live layout.
+    void CurrentPlace(uint32_t& align, int32_t& row, int32_t& width) const;
 
     TamDockingManager* m_pManager = nullptr;
     CWnd m_aWnd;
     SString m_sName;
+    int32_t m_nCtrlId = 0;
+    int32_t m_nRecentRow = 0;
     TamSize m_aMinSize;
     State m_eState = State::Hidden;
     PaneDockPlace m_aRecentDock;

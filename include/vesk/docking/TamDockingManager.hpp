@@ -4,16 +4,19 @@
 #include <vesk/docking/DockablePane.hpp>
 #include <vesk/docking/TamDockSite.hpp>
 #include <vesk/export.hpp>
+#include <vesk/text/UString.hpp>
 #include <vesk/values/TamPoint.hpp>
 
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace vesk {
 
 class CFrameWnd;
+class DataBuffer;
 class Window;
 class LayoutModel;
 class LayoutNode;
@@ -54,6 +57,27 @@ public:
     // false. `site` is null first and the new site on success (the manager owns it).
     bool AddDockSite(const AFX_DOCKSITE_INFO& info, TamDockSite** site);
     TamDockSite* GetDockSite(uint32_t align) const;
+
+    // Saved layouts live in the settings store under "<base>\DockingManagers", where <base>
+    // is the application's key path, set once at start-up; the default is
+    // "Software\Vesk\<program file name>".
+    static void SetRegistryBase(const UString& base);
+    static UString GetRegistryBase();
+    // Writes every pane's sections, then the manager's section "<profile>DockingManager-<id>"
+    // with the layout as the binary value "DockingPaneAndPaneDividers". False when the
+    // settings store cannot be written; the layout and the panes are not touched either way.
+    bool SaveState(const UString& profile, uint32_t id = 0) const;
+    // Reads the layout value and applies it, then lets each pane read its own sections. A
+    // missing or unusable layout value leaves the layout as it is (the panes' values still
+    // apply) and gives false.
+    bool LoadState(const UString& profile, uint32_t id = 0);
+    // The layout value on its own: bands, trees, floating, pinned-off and hidden panes.
+    std::vector<uint8_t> SaveLayout() const;
+    // Applies a layout value. False, with nothing changed, when it is damaged or needs a newer
+    // reader. Panes it names that the manager lacks are left out (their neighbours close up);
+    // the manager's panes it does not name stay docked (at their recent place), floating or
+    // hidden as they were.
+    bool LoadLayout(std::span<const uint8_t> value);
 
     // Print preview hides every visible pane and shows them again when it ends.
     void SetPrintPreviewMode(bool preview);
@@ -102,6 +126,8 @@ private:
     TamPoint ScreenToHost(const TamPoint& p) const;
     TamPoint ModelOffset() const;
     void SyncWindows();
+    // One pane record of the saved layout value.
+    void WriteAway(DataBuffer& buffer, const TamDockablePane& pane) const;
 
     CFrameWnd& m_rFrame;
     std::unique_ptr<DockHostWnd> m_pHost;
@@ -114,6 +140,7 @@ private:
     std::vector<std::unique_ptr<TamPaneContainer>> m_aContainers;
     std::vector<std::unique_ptr<TamPaneDivider>> m_aDividers;
     std::vector<std::unique_ptr<TamDockSite>> m_aSites;
+    int32_t m_nNextCtrlId = 1;
     bool m_bPrintPreview = false;
     std::vector<TamDockablePane*> m_aHiddenForPreview;
     std::unique_ptr<DockDrag> m_pDrag;

@@ -174,6 +174,9 @@ bool TamDockingManager::TakeOut(TamDockablePane& pane)
         const LayoutNode* leaf = model->GetNode();
         const CRectangle& r = model->GetScreenRect();
         pane.m_aRecentDocked = r;
+        uint32_t align = 0;
+        int32_t width = 0;
+        pane.CurrentPlace(align, pane.m_nRecentRow, width);
         if (const LayoutNode* split = leaf->GetParent()) {
             const int mine = split->GetChild(0) == leaf ? 0 : 1;
             const LayoutNode* other = split->GetChild(1 - mine);

@@ -30,6 +30,8 @@ bool TamDockablePane::Create(TamDockingManager& manager, const SString& name, co
     if (!manager.AddPane(*this))
         return false;
     m_pManager = &manager;
+    if (m_nCtrlId == 0)
+        m_nCtrlId = manager.m_nNextCtrlId++;
     if (!Remake(manager.GetHost(), CRectangle(0, 0, 0, 0))) {
         manager.ForgetPane(*this);
         m_pManager = nullptr;

@@ -82,6 +82,16 @@ LayoutPane* LayoutModel::FindPane(const SString& name) const
     return it == m_aNames.end() ? nullptr : it->second;
 }
 
+bool LayoutModel::SetMinSize(const SString& name, const TamSize& minSize96)
+{
+    LayoutPane* pane = FindPane(name);
+    if (!pane)
+        return false;
+    pane->m_aMinSize = ClampSize(minSize96);
+    Refresh();
+    return true;
+}
+
 std::unique_ptr<LayoutNode> LayoutModel::NewLeaf(const SString& name, const TamSize& minSize96)
 {
     auto leaf = std::make_unique<LayoutNode>();

@@ -18,6 +18,7 @@
 
 namespace vesk {
 
+class DataBuffer;
 class LayoutModel;
 class LayoutNode;
 
@@ -120,6 +121,19 @@ public:
     // Gives a pane `length` pixels along its split (or its band's thickness), clamped likewise.
     bool SetExtent(const SString& name, int32_t length);
 
+    // Gives a pane another minimum size (96 DPI); false when the name is unknown.
+    bool SetMinSize(const SString& name, const TamSize& minSize96);
+
+    // The stored form of the bands and trees: every band and every node is one section, so a
+    // reader skips fields a newer writer appended. ReadBands replaces the bands by what it
+    // reads; on damaged input it leaves the model empty and returns false.
+    void WriteBands(DataBuffer& buffer) const;
+    bool ReadBands(DataBuffer& buffer);
+    // Bands stored for a client area of `from` pixels: where the current client area is more
+    // than twice as large or less than half as large along a band's axis, the band's thickness
+    // scales by the ratio, so that a layout keeps its proportions on a very different frame.
+    void FitBands(const TamSize& from);
+
     LayoutPane* FindPane(const SString& name) const;
     size_t GetPaneCount() const { return m_aNames.size(); }
     size_t GetBandCount() const { return m_aBands.size(); }
@@ -129,6 +143,8 @@ public:
 
 private:
     void Refresh();
+    void WriteNode(const LayoutNode& node, DataBuffer& buffer) const;
+    std::unique_ptr<LayoutNode> ReadNode(DataBuffer& buffer, int32_t depth, int32_t& budget);
     std::unique_ptr<LayoutNode> NewLeaf(const SString& name, const TamSize& minSize96);
     std::unique_ptr<LayoutNode>& SlotOf(LayoutNode* node);
     bool PlaceDivider(LayoutDivider divider, int32_t pos);

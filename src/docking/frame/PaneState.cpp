@@ -1,0 +1,109 @@
+// A pane's own sections of a saved layout: its visibility, id, recent place and pin state.
+#include <vesk/docking/TamDockablePane.hpp>
+
+#include "docking/frame/DockingRegistry_p.hpp"
+#include "docking/layout/LayoutModel.hpp"
+#include "docking/layout/LayoutTree.hpp"
+
+#include <vesk/docking/TamDockingManager.hpp>
+#include <vesk/docking/TamPaneFrameWnd.hpp>
+
+namespace vesk {
+
+void TamDockablePane::CurrentPlace(uint32_t& align, int32_t& row, int32_t& width) const
+{
+    align = GetCurrentAlignment();
+    const LayoutModel& model = *m_pManager->m_pModel;
+    const LayoutPane* pane = model.FindPane(m_sName);
+    const LayoutNode* root = pane->GetNode();
+    while (root->GetParent())
+        root = root->GetParent();
+    row = 0;
+    for (size_t k = 0; k < model.GetBandCount() && model.GetBand(k).pRoot.get() != root; ++k) {
+        if (LayoutAlignOfEdge(model.GetBand(k).eEdge) == align)
+            ++row;
+    }
+    const CRectangle& r = pane->GetScreenRect();
+    const bool across = align == CBRS_ALIGN_LEFT || align == CBRS_ALIGN_RIGHT;
+    width = across ? r.Right() - r.Left() : r.Bottom() - r.Top();
+}
+
+int32_t TamDockablePane::GetRecentRowIndex() const
+{
+    if (!IsDocked())
+        return m_nRecentRow;
+    uint32_t align = 0;
+    int32_t row = 0, width = 0;
+    CurrentPlace(align, row, width);
+    return row;
+}
+
+bool TamDockablePane::SaveState(const UString& profile, int32_t index, uint32_t id) const
+{
+    if (index == -1)
+        index = m_nCtrlId;
+    const std::u16string base = DockingSectionPath(profile, "BasePane", index, id);
+    const std::u16string path = DockingSectionPath(profile, "Pane", index, id);
+    uint32_t align = m_aRecentDock.nAlign;
+    int32_t row = m_nRecentRow, width = m_aRecentDock.nLength;
+    CRectangle docked = m_aRecentDocked;
+    if (IsDocked()) {
+        CurrentPlace(align, row, width);
+        docked = m_pManager->m_pModel->FindPane(m_sName)->GetScreenRect();
+    }
+    const CRectangle floated = m_pMiniFrame ? m_pMiniFrame->GetWindowRect() : m_aRecentFloat;
+    return WriteIntValue(base, u"IsVisible", IsDocked() || IsFloating() || IsAutoHidden()) &&
+           WriteIntValue(path, u"ID", m_nCtrlId) && WriteRectValue(path, u"RectRecentFloat", floated) &&
+           WriteRectValue(path, u"RectRecentDocked", docked) &&
+           WriteIntValue(path, u"RecentFrameAlignment", static_cast<int32_t>(align)) &&
+           WriteIntValue(path, u"RecentRowIndex", row) && WriteIntValue(path, u"IsFloating", IsFloating()) &&
+           WriteIntValue(path, u"MRUWidth", width) && WriteIntValue(path, u"PinState", IsAutoHidden());
+}
+
+bool TamDockablePane::LoadState(const UString& profile, int32_t index, uint32_t id)
+{
+    if (index == -1)
+        index = m_nCtrlId;
+    const std::u16string base = DockingSectionPath(profile, "BasePane", index, id);
+    const std::u16string path = DockingSectionPath(profile, "Pane", index, id);
+    bool any = false;
+    int32_t v = 0;
+    CRectangle r;
+    if (ReadIntValue(path, u"ID", v))
+        any = true, m_nCtrlId = v;
+    if (ReadRectValue(path, u"RectRecentFloat", r))
+        any = true, m_aRecentFloat = r;
+    if (ReadRectValue(path, u"RectRecentDocked", r))
+        any = true, m_aRecentDocked = r;
+    if (ReadIntValue(path, u"RecentFrameAlignment", v))
+        any = true, m_aRecentDock.nAlign = static_cast<uint32_t>(v);
+    if (ReadIntValue(path, u"RecentRowIndex", v))
+        any = true, m_nRecentRow = v;
+    if (ReadIntValue(path, u"MRUWidth", v))
+        any = true, m_aRecentDock.nLength = v;
+
+    int32_t visible = -1, floating = -1, pinned = -1;
+    any |= ReadIntValue(base, u"IsVisible", visible);
+    any |= ReadIntValue(path, u"IsFloating", floating);
+    any |= ReadIntValue(path, u"PinState", pinned);
+    if (!m_pManager || visible == -1)
+        return any;
+    // Bring the pane into the state the values describe; a pane already in it stays as it is.
+    if (visible == 0) {
+        HidePane();
+    } else if (floating == 1) {
+        if (!IsFloating())
+            FloatPane();
+    } else if (!IsDocked() && !IsAutoHidden()) {
+        m_bHasDockPlace = true; // at least the recent edge and width are known
+        if (!m_pManager->Redock(*this) && !IsFloating())
+            FloatPane();
+    }
+    if (pinned == 1 && IsDocked())
+        SetAutoHideMode(true);
+    else if (pinned == 0 && IsAutoHidden())
+        SetAutoHideMode(false);
+    return any;
+}
+
+} // namespace vesk
