@@ -62,7 +62,6 @@ bool DemoApp::Create(const Settings& settings, const std::string& scratch, std::
     m_aFolder.SetOnSelect([this](int index) { OnSelect(index); });
     m_pDocking->SetCentralWindow(&m_aPreview.Wnd());
     m_aFrame.SetFocusTarget(&m_aPreview.Wnd());
-    SetVeskMainFrame(m_aFrame.GetSafeHwnd());
     m_aFrame.ShowWindow(SW_SHOWNORMAL);
     m_aPreview.Wnd().ShowWindow(SW_SHOW);
     DockDefaultLayout();
@@ -157,11 +156,12 @@ void DemoApp::Problem(const std::string& line)
     m_aLog.Add("problem: " + line);
 }
 
-Settings DemoApp::CurrentSettings()
+Settings DemoApp::CurrentSettings(bool layoutSaved)
 {
     Settings settings;
     settings.folder = m_aFolder.Folder();
     settings.size = m_aFrame.GetClientSize();
+    settings.layoutSaved = layoutSaved;
     return settings;
 }
 

@@ -49,6 +49,10 @@ public:
     // Folder pane left, properties over colours right, log along the bottom, sized for the
     // frame's current size.
     void DockDefaultLayout();
+    // The pane layout in the settings store. Restoring is false when no usable layout was
+    // saved; the default layout stands then.
+    bool SaveLayout() const;
+    bool RestoreLayout();
     // The folders Ctrl+O steps through; the first one is opened by the caller.
     void SetFolders(std::vector<std::string> folders) { m_aFolders = std::move(folders); }
     bool OpenFolder(const std::string& folder);
@@ -74,7 +78,9 @@ public:
     FolderPane& Folder() { return m_aFolder; }
     PreviewPane& Preview() { return m_aPreview; }
     LogPane& Log() { return m_aLog; }
-    Settings CurrentSettings();
+    // What the profile keeps; `layoutSaved` as the caller knows it.
+    Settings CurrentSettings(bool layoutSaved);
+    const std::string& Scratch() const { return m_aScratch; }
 
 private:
     Pane& PaneAt(int pane);

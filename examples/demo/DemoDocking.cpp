@@ -19,6 +19,29 @@ void DemoApp::DockDefaultLayout()
     m_pDocking->DockIntoPane(m_aDocked[PANE_COLOURS].get(), m_aDocked[PANE_PROPERTIES].get(), CBRS_ALIGN_BOTTOM, 0);
 }
 
+namespace {
+// The name of the browser's layout in the settings store.
+UString LayoutProfile()
+{
+    return UString("PictureBrowser");
+}
+} // namespace
+
+bool DemoApp::SaveLayout() const
+{
+    return m_pDocking->SaveState(LayoutProfile());
+}
+
+bool DemoApp::RestoreLayout()
+{
+    if (m_pDocking->LoadState(LayoutProfile()))
+        return true;
+    // The panes' own values may have been read without the layout: start again from the
+    // default, every pane docked.
+    DockDefaultLayout();
+    return false;
+}
+
 bool DemoApp::IsPaneVisible(int pane) const
 {
     if (pane == PANE_PREVIEW)

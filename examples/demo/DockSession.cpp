@@ -111,8 +111,33 @@ void DockBeside(Script& s)
            ", " + PlacesText(before, now, "returned to"));
 }
 
-// The properties pane dragged out over the preview, where it floats, then from its
-// mini-frame back onto the top of the colours pane.
+// The layout saved to the settings store and restored into a new browser window.
+void SaveAndRestore(Script& s)
+{
+    DemoApp& app = s.App();
+    const PaneRects before = app.Rects();
+    if (!app.SaveLayout()) {
+        s.Step("cannot save the pane layout to the settings store");
+        return;
+    }
+    DemoApp fresh;
+    std::string error;
+    if (!fresh.Create(app.CurrentSettings(true), app.Scratch(), error)) {
+        s.Step("cannot make a second browser window: " + error);
+        return;
+    }
+    const bool restored = fresh.RestoreLayout();
+    fresh.OpenFolder(app.Folder().Folder());
+    s.Settle();
+    s.Step(std::string("saved the pane layout and ") +
+           (restored ? "restored it into a new browser window: " : "could not restore it into a new browser window: ") +
+           PlacesText(before, fresh.Rects(), "took"));
+    s.Shot("10-restored", &fresh);
+}
+
+// The properties pane dragged out over the preview, where it floats; the layout saved and
+// restored with it floating; then the pane dragged from its mini-frame back onto the top
+// of the colours pane.
 void FloatAndDockBack(Script& s)
 {
     DemoApp& app = s.App();
@@ -129,6 +154,7 @@ void FloatAndDockBack(Script& s)
            (properties.IsFloating() ? "floating at " + RectText(now[PANE_PROPERTIES]) : "not floating") +
            ", colours " + RectText(now[PANE_COLOURS]));
     s.Shot("09-floating");
+    SaveAndRestore(s);
 
     s.Press(properties.GetHandle(), TamPoint(30, 5));
     s.MoveTo(TamPoint(now[PANE_PROPERTIES].Left() + 10, now[PANE_PROPERTIES].Top() + 40));
@@ -137,7 +163,7 @@ void FloatAndDockBack(Script& s)
     s.MoveTo(target);
     s.Release(target);
     now = app.Rects();
-    s.Step(std::string("dragged it from its mini-frame onto the colours pane's upper edge: ") +
+    s.Step(std::string("dragged the properties pane from its mini-frame onto the colours pane's upper edge: ") +
            (properties.IsDocked() ? "docked" : "not docked") + ", " +
            PlacesText(before, now, "returned to"));
 }

@@ -56,10 +56,10 @@ void Script::Release(const TamPoint& host)
     Settle();
 }
 
-void Script::Shot(const char* name)
+void Script::Shot(const char* name, DemoApp* app)
 {
     Settle();
-    const Bitmap shot = m_rApp.Screenshot();
+    const Bitmap shot = (app ? *app : m_rApp).Screenshot();
     const TamSize size = shot.GetSize();
     m_aFrames.push_back(shot.StretchHQ(FSize(size.Width() * 0.4, size.Height() * 0.4)));
     if (!name)

@@ -26,8 +26,9 @@ public:
     void Press(vesk::NativeWindow window, const vesk::TamPoint& grab);
     void MoveTo(const vesk::TamPoint& host);
     void Release(const vesk::TamPoint& host);
-    // A frame of the session animation, and a PNG screenshot when `name` is given.
-    void Shot(const char* name = nullptr);
+    // A frame of the session animation, and a PNG screenshot when `name` is given; of
+    // another browser than the script's when `app` is given.
+    void Shot(const char* name = nullptr, DemoApp* app = nullptr);
     bool WriteAnimation();
     bool Failed() const { return m_bFailed; }
     DemoApp& App() { return m_rApp; }
