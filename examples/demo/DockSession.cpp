@@ -68,7 +68,7 @@ void DragDivider(Script& s)
             s.Step("dragged the folder pane's divider 40 pixels right: folder " +
                    std::to_string(now[PANE_FOLDER].Right() - now[PANE_FOLDER].Left()) + " wide, preview " +
                    RectText(now[PANE_PREVIEW]));
-            s.Shot("06-divider");
+            s.Shot("05-divider");
         } else {
             s.Step("dragged it back: " + PlacesText(before, now, "returned to"));
         }
@@ -89,13 +89,13 @@ void DockBeside(Script& s)
     const CRectangle folder = app.Rects()[PANE_FOLDER];
     const TamPoint target(Centre(folder).x, folder.Bottom() - 40);
     s.MoveTo(target);
-    s.Shot("07-dragging");
+    s.Shot("06-dragging");
     s.Release(target);
     PaneRects now = app.Rects();
     s.Step(std::string("dragged the log pane onto the folder pane's lower edge: ") +
            (log.IsDocked() ? "docked below it at " + RectText(now[PANE_LOG]) : "not docked") + ", " +
            PlacesText(before, now, "kept"));
-    s.Shot("08-docked-beside");
+    s.Shot("07-docked-beside");
 
     const CRectangle beside = now[PANE_LOG];
     s.Press(log.GetHandle(), TamPoint(30, 5));
@@ -132,7 +132,7 @@ void SaveAndRestore(Script& s)
     s.Step(std::string("saved the pane layout and ") +
            (restored ? "restored it into a new browser window: " : "could not restore it into a new browser window: ") +
            PlacesText(before, fresh.Rects(), "took"));
-    s.Shot("10-restored", &fresh);
+    s.Shot("09-restored", &fresh);
 }
 
 // The properties pane dragged out over the preview, where it floats; the layout saved and
@@ -153,7 +153,7 @@ void FloatAndDockBack(Script& s)
     s.Step(std::string("dragged the properties pane over the preview: ") +
            (properties.IsFloating() ? "floating at " + RectText(now[PANE_PROPERTIES]) : "not floating") +
            ", colours " + RectText(now[PANE_COLOURS]));
-    s.Shot("09-floating");
+    s.Shot("08-floating");
     SaveAndRestore(s);
 
     s.Press(properties.GetHandle(), TamPoint(30, 5));
@@ -178,7 +178,7 @@ void ResizeAndBack(Script& s)
     app.Frame().MoveWindow(frame.Left(), frame.Top(), 720, 450);
     s.Settle();
     s.Step("resized the frame to 720 x 450: preview " + RectText(app.Rects()[PANE_PREVIEW]));
-    s.Shot("05-resized");
+    s.Shot("10-resized");
     app.Frame().MoveWindow(frame.Left(), frame.Top(), size.Width(), size.Height());
     s.Settle();
     s.Step("resized it back to " + std::to_string(size.Width()) + " x " + std::to_string(size.Height()) + ": " +

@@ -1,14 +1,22 @@
 #include "Script.hpp"
 
 #include <cstdio>
+#include <fstream>
 
 using namespace vesk;
 
 namespace demo {
 
+namespace {
+// The session animation's frames are the screenshots at this scale, which keeps the file
+// small enough for the README.
+constexpr double kFrameScale = 0.32;
+} // namespace
+
 void Script::Step(const std::string& text)
 {
-    std::printf("step %d: %s\n", ++m_nStep, text.c_str());
+    m_aSteps.push_back("step " + std::to_string(++m_nStep) + ": " + text);
+    std::printf("%s\n", m_aSteps.back().c_str());
     std::fflush(stdout);
 }
 
@@ -61,7 +69,7 @@ void Script::Shot(const char* name, DemoApp* app)
     Settle();
     const Bitmap shot = (app ? *app : m_rApp).Screenshot();
     const TamSize size = shot.GetSize();
-    m_aFrames.push_back(shot.StretchHQ(FSize(size.Width() * 0.4, size.Height() * 0.4)));
+    m_aFrames.push_back(shot.StretchHQ(FSize(size.Width() * kFrameScale, size.Height() * kFrameScale)));
     if (!name)
         return;
     Bitmap copy = shot;
@@ -82,6 +90,20 @@ bool Script::WriteAnimation()
         return false;
     }
     std::printf("  session animation %s (%zu frames)\n", path.c_str(), m_aFrames.size());
+    return true;
+}
+
+bool Script::WriteTranscript()
+{
+    const std::string path = m_aOut + "/steps.txt";
+    std::ofstream out(path);
+    for (const std::string& line : m_aSteps)
+        out << line << '\n';
+    if (!out.flush()) {
+        std::fprintf(stderr, "demo: cannot write the step list %s\n", path.c_str());
+        return false;
+    }
+    std::printf("  step list %s\n", path.c_str());
     return true;
 }
 

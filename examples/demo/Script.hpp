@@ -29,7 +29,9 @@ public:
     // A frame of the session animation, and a PNG screenshot when `name` is given; of
     // another browser than the script's when `app` is given.
     void Shot(const char* name = nullptr, DemoApp* app = nullptr);
+    // session.gif, and steps.txt with the step lines.
     bool WriteAnimation();
+    bool WriteTranscript();
     bool Failed() const { return m_bFailed; }
     DemoApp& App() { return m_rApp; }
 
@@ -39,6 +41,7 @@ private:
     DemoApp& m_rApp;
     std::string m_aOut;
     std::vector<vesk::Bitmap> m_aFrames;
+    std::vector<std::string> m_aSteps;
     int m_nStep = 0;
     bool m_bFailed = false;
 };

@@ -64,8 +64,8 @@ int RunSession(DemoApp& app, const std::string& folder, const std::string& outdi
     }
     s.Shot();
 
-    const bool animation = s.WriteAnimation();
-    return animation && !s.Failed() ? 0 : 1;
+    const bool written = s.WriteAnimation() && s.WriteTranscript();
+    return written && !s.Failed() ? 0 : 1;
 }
 
 } // namespace demo

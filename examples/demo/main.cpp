@@ -143,8 +143,10 @@ int main(int argc, char** argv)
         const bool created = app.Create(settings, scratch.string(), error);
         if (created) {
             vesk::SetVeskMainFrame(app.Frame().GetSafeHwnd());
-            if (app.RestoreLayout())
+            if (app.RestoreLayout()) {
+                std::printf("demo: restored the saved pane layout\n");
                 app.Event("restored the saved pane layout");
+            }
             else if (settings.layoutSaved)
                 app.Problem("the saved pane layout cannot be read, using the default layout");
         }
