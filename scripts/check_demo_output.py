@@ -22,6 +22,7 @@ DOCK_STEPS = [
     ("save and restore",
      r"saved the pane layout and restored it into a new browser window: (\d) of 5 panes took their exact place"),
     ("dock back", r"from its mini-frame onto the colours pane's upper edge: docked, (\d) of 5 panes returned"),
+    ("pin off", r"slid it out with its tab and pinned it back: docked, (\d) of 5 panes returned"),
     ("resize", r"resized it back to \d+ x \d+: (\d) of 5 panes returned to their exact place"),
 ]
 

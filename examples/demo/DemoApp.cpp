@@ -55,6 +55,13 @@ bool DemoApp::Create(const Settings& settings, const std::string& scratch, std::
             return false;
         }
     }
+    // A strip on each edge for the panes pinned off with their pin button.
+    for (uint32_t edge : {CBRS_ALIGN_LEFT, CBRS_ALIGN_TOP, CBRS_ALIGN_RIGHT, CBRS_ALIGN_BOTTOM}) {
+        if (!m_pDocking->AddDockSite({edge, []() { return new TamDockSite; }}, nullptr)) {
+            error = "cannot create the docking strips";
+            return false;
+        }
+    }
     if (!m_aPreview.CreateChildren(scratch)) {
         error = "cannot create the animation window";
         return false;

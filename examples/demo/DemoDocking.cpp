@@ -130,6 +130,10 @@ Bitmap DemoApp::Screenshot()
         AddWindowPicture(dev, *animation->GetCWnd(), origin);
     for (const auto& divider : m_pDocking->GetDividers())
         AddWindowPicture(dev, *divider->GetCWnd(), origin);
+    for (uint32_t edge : {CBRS_ALIGN_LEFT, CBRS_ALIGN_TOP, CBRS_ALIGN_RIGHT, CBRS_ALIGN_BOTTOM}) {
+        if (TamDockSite* site = m_pDocking->GetDockSite(edge))
+            AddWindowPicture(dev, *site->GetCWnd(), origin);
+    }
     const auto addPanes = [&](bool floating) {
         for (const auto& pane : m_aDocked) {
             if (pane && pane->IsFloating() == floating) {

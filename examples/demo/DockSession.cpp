@@ -168,6 +168,29 @@ void FloatAndDockBack(Script& s)
            PlacesText(before, now, "returned to"));
 }
 
+// The colours pane pinned off into the right edge's strip with its pin button, slid out
+// with a click on its tab and pinned back.
+void PinOffAndBack(Script& s)
+{
+    DemoApp& app = s.App();
+    const PaneRects before = app.Rects();
+    DockedPane& colours = *app.Dockable(PANE_COLOURS);
+    const TamPoint pin = Centre(colours.GetPinButtonRect());
+    s.Click(colours.GetHandle(), pin);
+    TamDockSite* strip = app.Docking().GetDockSite(CBRS_ALIGN_RIGHT);
+    if (!colours.IsAutoHidden() || !strip || strip->GetAutoHidePanes().empty()) {
+        s.Step("the colours pane's pin button did not pin it off");
+        return;
+    }
+    s.Step("pinned the colours pane off: a tab in the right strip, properties " +
+           RectText(app.Rects()[PANE_PROPERTIES]));
+    s.Click(strip->GetHandle(), Centre(strip->GetTabRect(0)));
+    s.Shot("11-pinned-off");
+    s.Click(colours.GetHandle(), Centre(colours.GetPinButtonRect()));
+    s.Step(std::string("slid it out with its tab and pinned it back: ") + (colours.IsDocked() ? "docked, " : "not docked, ") +
+           PlacesText(before, app.Rects(), "returned to"));
+}
+
 // The frame made smaller and then given its size back.
 void ResizeAndBack(Script& s)
 {
@@ -193,6 +216,7 @@ void RunDockingSteps(Script& s)
     DragDivider(s);
     DockBeside(s);
     FloatAndDockBack(s);
+    PinOffAndBack(s);
     ResizeAndBack(s);
     s.Shot();
 }

@@ -119,6 +119,8 @@ TEST(DemoSession, PlaysEveryStepAndWritesReadablePictures)
           "dragged the properties pane over the preview: floating at 246 x ",
           "saved the pane layout and restored it into a new browser window: 5 of 5 panes took their exact place\n",
           "dragged the properties pane from its mini-frame onto the colours pane's upper edge: docked",
+          "pinned the colours pane off: a tab in the right strip",
+          "slid it out with its tab and pinned it back: docked, 5 of 5 panes returned to their exact place\n",
           "resized it back to 880 x 540: 5 of 5 panes returned to their exact place\n"})
         EXPECT_NE(run.out.find(expected), std::string::npos) << expected << "\n" << run.out;
 
