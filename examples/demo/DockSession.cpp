@@ -21,11 +21,13 @@ void HideAndShowEach(Script& s)
     for (int pane = 0; pane < PANE_COUNT; ++pane) {
         const uint16_t key = static_cast<uint16_t>(static_cast<int>(VK_F1) + pane);
         s.Key(key);
+        const bool hidden = !app.IsPaneVisible(pane) && app.Rects()[pane].IsEmpty();
         s.Shot(pane == PANE_FOLDER ? "04-folder-hidden" : nullptr);
         s.Key(key);
         const CRectangle now = app.Rects()[pane];
         const std::string& shown = app.Log().Lines().back();
-        s.Step("F" + std::to_string(pane + 1) + ": " + shown.substr(0, shown.find(' ')) + " hidden and shown" +
+        s.Step("F" + std::to_string(pane + 1) + ": " + shown.substr(0, shown.find(' ')) +
+               (hidden ? " hidden and shown" : " did not hide") +
                (now == before[pane] ? ", back in its place" : ", moved to " + RectText(now)));
     }
     s.Step(PlacesText(before, app.Rects(), "returned to"));

@@ -110,7 +110,8 @@ TEST(DemoSession, PlaysEveryStepAndWritesReadablePictures)
     // The docking steps, with the panes that must come back exactly where they stood.
     for (const char* expected :
          {"F1: Folder hidden and shown, back in its place", "F2: Preview hidden and shown, back in its place",
-          "F4: Colours hidden and shown, back in its place", "F5: Log hidden and shown, back in its place",
+          "F3: Properties hidden and shown, back in its place", "F4: Colours hidden and shown, back in its place",
+          "F5: Log hidden and shown, back in its place",
           ": 5 of 5 panes returned to their exact place\n",
           "dragged the folder pane's divider 40 pixels right: folder 260 wide",
           "dragged it back: 5 of 5 panes returned to their exact place\n",
@@ -139,11 +140,18 @@ TEST(DemoSession, PlaysEveryStepAndWritesReadablePictures)
     EXPECT_EQ(PixelAt(first, 100, 432 + 5), kCaption);
     EXPECT_EQ(PixelAt(first, 400, 5), kTitle);
     EXPECT_NE(PixelAt(first, 100, 30), kCaption);
+    // The colour table's first swatch: the colours pane is docked below the properties pane.
+    EXPECT_EQ(PixelAt(first, 645, 264), 0x000000);
     // With the folder hidden, the preview's title strip reaches the left edge.
     EXPECT_EQ(PixelAt(dir.File("04-folder-hidden.png"), 100, 5), kTitle);
-    // The floating pane's caption over the preview, in the screenshot and in the restored window.
-    EXPECT_EQ(PixelAt(dir.File("08-floating.png"), 440, 140), kCaption);
-    EXPECT_EQ(PixelAt(dir.File("09-restored.png"), 440, 140), kCaption);
+    // The floating pane over the preview, in the screenshot and in the restored window: its
+    // caption, and the properties pane's own background below the rows (the body is made
+    // again in the mini-frame, not left behind in the dock host).
+    constexpr int64_t kBody = 0xFAFAFA;
+    for (const char* name : {"08-floating.png", "09-restored.png"}) {
+        EXPECT_EQ(PixelAt(dir.File(name), 440, 140), kCaption) << name;
+        EXPECT_EQ(PixelAt(dir.File(name), 440, 320), kBody) << name;
+    }
     EXPECT_LT(PictureSize(dir.File("session.gif")).Width(), 300);
 
     // The folder, the size of this run and the saved layout's mark were written over the
@@ -170,8 +178,12 @@ TEST(DemoSession, SavedLayoutIsRestoredOnStartAndADamagedOneIsReported)
               std::string::npos)
         << second.out;
 
-    // Every byte of the saved layout value damaged: one line, the default layout, the session runs.
+    // Every byte of the saved layout value damaged, while the folder pane's own section says
+    // it was hidden: one line, the default layout with every pane shown, the session runs.
     std::string store = ReadFile(dir.File("vesk/settings.ini"));
+    const std::string visible = "BasePane-1]\nIsVisible=dword:1";
+    ASSERT_NE(store.find(visible), std::string::npos) << store;
+    store.replace(store.find(visible) + visible.size() - 1, 1, "0");
     const std::string key = "DockingPaneAndPaneDividers=hex:";
     const size_t at = store.find(key);
     ASSERT_NE(at, std::string::npos) << store;
