@@ -11,6 +11,7 @@
 #include <vesk/docking/HolderElement.hpp>
 #include <vesk/docking/PaneElement.hpp>
 #include <vesk/docking/TamDockablePane.hpp>
+#include <vesk/docking/TamDockParentWnd.hpp>
 #include <vesk/docking/TamDockSite.hpp>
 #include <vesk/docking/TamDockingManager.hpp>
 #include <vesk/docking/TamPaneContainer.hpp>

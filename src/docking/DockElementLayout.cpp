@@ -91,12 +91,24 @@ void DockElement::FillDockPosition(const DockElementVec& elements, const Dockabl
     const FreeSpaceElement* fs = FindFreeSpaceElement(elements);
     const DockElement* sibling = nullptr;
     if (const auto* holder = dynamic_cast<const HolderElement*>(el->GetParent())) {
-        // The pane shares a holder: it goes back by splitting its sibling pane again.
-        sibling = holder->GetLeft() == el ? holder->GetRight() : holder->GetLeft();
-        if (sibling && sibling->GetType() == DET_DOCK_PANE)
-            AddNeighbour(pos, sibling, el, true);
+        // The pane shares a holder: it goes back by splitting its sibling again. The sibling
+        // is named by its pane nearest this one (itself when it is a pane), as the first
+        // neighbour with the holder flag; docking beside that pane's enclosing split that
+        // gives this pane its recorded rectangle again restores a split sibling too.
+        const bool first = holder->GetLeft() == el;
+        const DockElement* sib = first ? holder->GetRight() : holder->GetLeft();
+        while (const auto* h = dynamic_cast<const HolderElement*>(sib)) {
+            const DockElement* near = first ? h->GetLeft() : h->GetRight();
+            sib = near ? near : (first ? h->GetRight() : h->GetLeft());
+        }
+        if (sib && sib->GetType() == DET_DOCK_PANE) {
+            AddNeighbour(pos, sib, el, true);
+            sibling = sib;
+        }
     } else if (fs) {
-        // A band of its own: docked at the frame edge facing away from the free space.
+        // A band of its own: docked at the frame edge facing away from the free space. Its
+        // rank among the bands is kept by the recorded rectangle: the band goes back at the
+        // rank that gives it that rectangle again.
         pos.SetMarginAlign(InvertAlign(GetNeighbourAlign(fs, r)));
     }
     // Every pane and the free space that shares a piece of side with it, up to what a stored

@@ -8,6 +8,7 @@
 
 #include <vesk/docking.hpp>
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -72,6 +73,14 @@ protected:
         std::vector<CRectangle> rects;
         for (const auto& [pane, r] : manager->GetPaneRects())
             rects.push_back(HostRect(pane));
+        return rects;
+    }
+    // Every docked pane's window rectangle by pane: the same layout whatever the dock order.
+    std::map<const TamDockablePane*, CRectangle> RectsByPane() const
+    {
+        std::map<const TamDockablePane*, CRectangle> rects;
+        for (const auto& [pane, r] : manager->GetPaneRects())
+            rects[pane] = HostRect(pane);
         return rects;
     }
     // What the solver gives, in dock order.

@@ -121,8 +121,9 @@ TEST_F(DockLayoutTest, HidingAndShowingRestoresTheLayout)
     EXPECT_FALSE(below->IsDocked());
     EXPECT_FALSE(below->GetCWnd()->IsWindowVisible());
     EXPECT_EQ(Height(HostRect(left)), kHeight - 125); // the left pane takes the band back
-    EXPECT_EQ(below->GetRecentDockPlace().sTarget, SString("Left"));
-    EXPECT_EQ(below->GetRecentDockPlace().nAlign, CBRS_ALIGN_BOTTOM);
+    ASSERT_NE(below->GetRRecentDockPosition().GetHolderNeighbour(), nullptr);
+    EXPECT_EQ(below->GetRRecentDockPosition().GetHolderNeighbour()->GetName(), SString("Left"));
+    EXPECT_EQ(below->GetRRecentDockPosition().GetHolderNeighbour()->GetAlign(), CBRS_ALIGN_TOP);
     below->ShowPane();
     EXPECT_TRUE(below->IsDocked());
     EXPECT_EQ(Rects(), start);
@@ -144,8 +145,9 @@ TEST_F(DockLayoutTest, ShownAgainBesideTheLeafItTouched)
     TamDockablePane* side = Pane("Side");
     ASSERT_TRUE(manager->DockIntoPane(side, below, CBRS_ALIGN_BOTTOM, 100));
     left->HidePane();
-    EXPECT_EQ(left->GetRecentDockPlace().sTarget, SString("Below"));
-    EXPECT_EQ(left->GetRecentDockPlace().nAlign, CBRS_ALIGN_TOP);
+    ASSERT_NE(left->GetRRecentDockPosition().GetHolderNeighbour(), nullptr);
+    EXPECT_EQ(left->GetRRecentDockPosition().GetHolderNeighbour()->GetName(), SString("Below"));
+    EXPECT_EQ(left->GetRRecentDockPosition().GetHolderNeighbour()->GetAlign(), CBRS_ALIGN_BOTTOM);
     left->ShowPane();
     EXPECT_EQ(HostRect(left).Top(), 0);
     EXPECT_EQ(HostRect(left).Bottom() + TamPaneDivider::GetDefaultWidth(96), HostRect(below).Top());
@@ -154,7 +156,7 @@ TEST_F(DockLayoutTest, ShownAgainBesideTheLeafItTouched)
 
 TEST_F(DockLayoutTest, PrintPreviewHidesThePanesAndShowsThemAgain)
 {
-    const std::vector<CRectangle> start = Rects();
+    const auto start = RectsByPane();
     bottom->HidePane();
     manager->SetPrintPreviewMode(true);
     EXPECT_TRUE(manager->IsPrintPreviewValid());
@@ -166,7 +168,7 @@ TEST_F(DockLayoutTest, PrintPreviewHidesThePanesAndShowsThemAgain)
     EXPECT_FALSE(bottom->IsDocked());
     EXPECT_TRUE(left->IsDocked() && right->IsDocked() && below->IsDocked());
     bottom->ShowPane();
-    EXPECT_EQ(Rects(), start);
+    EXPECT_EQ(RectsByPane(), start);
 }
 
 TEST_F(DockLayoutTest, FloatingAndRedocking)

@@ -56,7 +56,7 @@ protected:
     }
 
     // Left band A over B, right band C, pinned-off P on the right, floating F, hidden H (it was
-    // docked beside C). Created in this order, so A..H get control ids 1..6.
+    // docked beside C), hidden G (it floated). Created in this order: control ids 1 to 7.
     void Build(bool arrange = true)
     {
         TamDockSite* site = nullptr;
@@ -67,6 +67,7 @@ protected:
         p = Pane("P");
         f = Pane("F");
         h = Pane("H");
+        g = Pane("G");
         if (!arrange)
             return;
         ASSERT_TRUE(manager->DockIntoParent(a, CBRS_ALIGN_LEFT, 200, false));
@@ -77,6 +78,8 @@ protected:
         ASSERT_TRUE(f->FloatAt(CRectangle(300, 200, 520, 380)));
         ASSERT_TRUE(manager->DockIntoPane(h, c, CBRS_ALIGN_TOP, 120));
         h->HidePane();
+        ASSERT_TRUE(g->FloatAt(CRectangle(40, 300, 240, 420)));
+        g->HidePane();
         Pump();
     }
 
@@ -118,7 +121,7 @@ protected:
     }
 
     ConfigHomeGuard home;
-    TamDockablePane *a = nullptr, *b = nullptr, *c = nullptr, *p = nullptr, *f = nullptr, *h = nullptr;
+    TamDockablePane *a = nullptr, *b = nullptr, *c = nullptr, *p = nullptr, *f = nullptr, *h = nullptr, *g = nullptr;
 };
 
 TEST_F(DockStateTest, ValuesAreStoredUnderTheirSectionNames)
@@ -148,7 +151,9 @@ TEST_F(DockStateTest, ValuesAreStoredUnderTheirSectionNames)
     EXPECT_EQ(Dword("MainPane-5", u"IsFloating"), 1u);
     EXPECT_EQ(Binary("MainPane-5", u"RectRecentFloat"), RectBytes(mini));
     EXPECT_EQ(Dword("MainBasePane-6", u"IsVisible"), 0u);
-    EXPECT_EQ(Dword("MainPane-6", u"MRUWidth"), 120u);
+    // H was docked beside C: its recent edge and width are C's band's.
+    EXPECT_EQ(Dword("MainPane-6", u"RecentFrameAlignment"), CBRS_ALIGN_RIGHT);
+    EXPECT_EQ(Dword("MainPane-6", u"MRUWidth"), uint32_t(Width(HostRect(c))));
 
     // An explicit id is appended in hexadecimal; a set control id names the section.
     a->SetDlgCtrlID(12);
@@ -171,7 +176,7 @@ TEST_F(DockStateTest, RoundTripIntoAFreshManagerIsExact)
 
     // Loaded before the frame is shown, the rectangles are those of the shown frame.
     frame->ShowWindow(SW_HIDE);
-    Fresh({"A", "B", "C", "P", "F", "H"});
+    Fresh({"A", "B", "C", "P", "F", "H", "G"});
     ASSERT_TRUE(manager->LoadState("Main", 0));
     const Snapshot hiddenFrame = Take();
     frame->ShowWindow(SW_SHOW);
@@ -194,6 +199,9 @@ TEST_F(DockStateTest, RoundTripIntoAFreshManagerIsExact)
     Find("H")->ShowPane();
     Pump();
     EXPECT_EQ(HostRect(Find("H")), hBack);
+    // A hidden pane that floated floats again.
+    Find("G")->ShowPane();
+    EXPECT_TRUE(Find("G")->IsFloating());
     // And the pinned pane still pins back into its band.
     ASSERT_TRUE(Find("P")->SetAutoHideMode(false));
     EXPECT_TRUE(Find("P")->IsDocked());
@@ -205,7 +213,7 @@ TEST_F(DockStateTest, PaneValuesAloneRestoreVisibilityAndPlace)
     const int32_t aWidth = Width(HostRect(a));
     ASSERT_TRUE(manager->SaveState("Main", 0));
     ASSERT_TRUE(platform::settings::DeleteValue(Key("MainDockingManager-0"), u"DockingPaneAndPaneDividers"));
-    Fresh({"A", "B", "C", "P", "F", "H"});
+    Fresh({"A", "B", "C", "P", "F", "H", "G"});
     EXPECT_FALSE(manager->LoadState("Main", 0)); // no layout value
     EXPECT_TRUE(Find("F")->IsFloating());
     EXPECT_TRUE(Find("H")->IsHidden());
@@ -262,13 +270,13 @@ TEST_F(DockStateTest, NewerValuesAreReadAsFarAsKnown)
     newer[0][0] = 2;
     newer[0].insert(newer[0].end(), {9, 9, 9, 9});
     newer.push_back({1, 2, 3});
-    Fresh({"A", "B", "C", "P", "F", "H"});
+    Fresh({"A", "B", "C", "P", "F", "H", "G"});
     ASSERT_TRUE(manager->LoadLayout(Join(newer)));
     EXPECT_EQ(Take(), before);
 
     // One that older readers cannot read: refused, nothing changes.
     newer[0][4] = 2;
-    Fresh({"A", "B", "C", "P", "F", "H"});
+    Fresh({"A", "B", "C", "P", "F", "H", "G"});
     const Snapshot empty = Take();
     EXPECT_FALSE(manager->LoadLayout(Join(newer)));
     EXPECT_EQ(Take(), empty);
@@ -278,7 +286,7 @@ TEST_F(DockStateTest, DamagedValuesChangeNothing)
 {
     Build();
     const std::vector<uint8_t> saved = manager->SaveLayout();
-    Fresh({"A", "B", "C", "P", "F", "H"});
+    Fresh({"A", "B", "C", "P", "F", "H", "G"});
     ASSERT_TRUE(manager->DockIntoParent(Find("B"), CBRS_ALIGN_TOP, 80, false));
     const Snapshot mine = Take();
     for (size_t n = 0; n < saved.size(); ++n) {
@@ -294,9 +302,9 @@ TEST_F(DockStateTest, DamagedValuesChangeNothing)
     }
     EXPECT_EQ(Take(), mine);
 
-    // The docked part twice: its names would be placed twice.
+    // The hidden panes listed as floating too: a pane placed twice.
     auto sections = Sections(saved);
-    std::vector<uint8_t> twice = Join({sections[0], sections[1], sections[1], sections[3], sections[4]});
+    std::vector<uint8_t> twice = Join({sections[0], sections[1], sections[4], sections[3], sections[4]});
     EXPECT_FALSE(manager->LoadLayout(twice));
     EXPECT_EQ(Take(), mine);
 }
@@ -312,7 +320,11 @@ TEST_F(DockStateTest, PanesThatNoLongerExistAreLeftOut)
     ASSERT_TRUE(manager->DockIntoParent(Find("N"), CBRS_ALIGN_BOTTOM, 60, false));
     ASSERT_TRUE(manager->LoadLayout(saved));
     Pump();
-    EXPECT_EQ(HostRect(Find("A")), CRectangle(aWas.Left(), aWas.Top(), aWas.Right(), bWas.Bottom()));
+    const CRectangle aNow = HostRect(Find("A"));
+    EXPECT_EQ(aNow.TopLeft(), aWas.TopLeft());
+    EXPECT_EQ(Width(aNow), Width(aWas));
+    EXPECT_GT(aNow.Bottom(), bWas.Top());
+    EXPECT_EQ(aNow.Bottom(), HostRect(Find("C")).Bottom()); // alone in its band, like C
     EXPECT_TRUE(Find("N")->IsDocked());
     EXPECT_EQ(Find("N")->GetCurrentAlignment(), CBRS_ALIGN_BOTTOM);
     EXPECT_EQ(Width(HostRect(Find("C"))), Width(cWas));
@@ -335,6 +347,12 @@ TEST_F(DockStateTest, MuchSmallerFrameKeepsProportionsAndMinimums)
     ASSERT_TRUE(manager->DockIntoPane(b, a, CBRS_ALIGN_BOTTOM, 200));
     const std::vector<uint8_t> saved = manager->SaveLayout();
     const double was = double(Width(HostRect(a))) / manager->GetHost()->GetClientSize().Width();
+    // Within a factor of two the band keeps its pixels.
+    frame->MoveWindow(50, 40, 600, 450);
+    Pump();
+    Fresh({"A", "B"});
+    ASSERT_TRUE(manager->LoadLayout(saved));
+    EXPECT_EQ(Width(HostRect(Find("A"))), 400);
     frame->MoveWindow(50, 40, 240, 180);
     Pump();
     Fresh({"A", "B"});

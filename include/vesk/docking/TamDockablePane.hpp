@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vesk/docking/DockPosition.hpp>
 #include <vesk/docking/DockablePane.hpp>
 #include <vesk/export.hpp>
 #include <vesk/text/UString.hpp>
@@ -15,14 +16,6 @@ class TamPaneFrameWnd;
 
 // The id that asks a pane's SaveState and LoadState for the plain section names.
 inline constexpr uint32_t PANE_DEFAULT_STATE_ID = 0xFFFFFFFF;
-
-// Where a pane was docked last: beside a named pane, or in a band at a frame edge.
-struct PaneDockPlace {
-    SString sTarget;          // the pane it was docked beside; empty for a band
-    uint32_t nAlign = 0;      // CBRS_ALIGN_* side of the target, or frame edge of the band
-    int32_t nLength = 0;      // extent along that side's axis, pixels
-    bool bOutermost = false;  // band only: against the frame edge rather than the free space
-};
 
 // A dockable pane: a caption (title, close and pin buttons) over the body where its library
 // window lives. Docked, it is a child of its manager's dock host; floating, a child of a
@@ -55,9 +48,9 @@ public:
     // shown (floating or docked at its recent place), hidden or pinned off as the visibility,
     // floating and pin values say. True when any value was read.
     bool LoadState(const UString& profile, int32_t index = -1, uint32_t id = PANE_DEFAULT_STATE_ID);
-    // The rank of the pane's band among the bands of its edge, outermost 0; when it is not
-    // docked, the rank it had when it was docked last.
-    int32_t GetRecentRowIndex() const;
+    // The edge of the pane's band, the band's rank among the bands of that edge (outermost 0)
+    // and the pane's extent across the edge; when it is not docked, as when it was docked last.
+    void GetRecentPlace(uint32_t& align, int32_t& row, int32_t& width) const;
 
     CRectangle GetScreenRect() const override;
     bool GetMiniFrameScreenRect(CRectangle& rect) const override;
@@ -67,8 +60,14 @@ public:
 
     // Minimum size at 96 DPI.
     const TamSize& GetMinSize() const { return m_aMinSize; }
-    const PaneDockPlace& GetRecentDockPlace() const { return m_aRecentDock; }
+    void SetMinSize(const TamSize& minSize96) { m_aMinSize = minSize96; }
+    // Where the pane was docked last, filled when it is hidden, closed, floated or undocked.
+    // Setting it keeps the stored minimum size and names the position after the pane.
+    void SetRecentDockPosition(const DockPosition& pos);
+    DockPosition GetRecentDockPosition() const { return m_aRecentPos; }
+    DockPosition& GetRRecentDockPosition() { return m_aRecentPos; }
     const CRectangle& GetRecentFloatRect() const { return m_aRecentFloat; }
+    void SetRecentFloatRect(const CRectangle& rect) { m_aRecentFloat = rect; }
     // Where it stood when last docked, in the dock host's client coordinates.
     const CRectangle& GetRecentDockedRect() const { return m_aRecentDocked; }
     // The library window shown in the body: the pane keeps it sized to the body. It must be a
@@ -77,14 +76,18 @@ public:
     Window* GetLibraryWindow() const { return m_pLibraryWindow; }
 
     // Shows the pane where it was last (docked or floating); hides it, taking it out of the
-    // layout and remembering its place. DoClose hides it.
+    // layout and remembering its place (both through the manager's dock parent).
     void ShowPane();
     void HidePane();
+    // Hides the pane without filling its recent position; the dock parent's RemovePane calls it.
     virtual void DoClose();
     // Takes the pane out of the layout (hidden); false when it was not docked.
     bool UndockPane();
     // Floats in a mini-frame at `rect` (screen), moved onto a visible screen.
     bool FloatAt(const CRectangle& rect);
+    // A floating or hidden pane docks again at its recent dock position; false when it is
+    // docked already or could not dock.
+    bool RedockPane();
     bool IsDocked() const { return m_eState == State::Docked; }
     bool IsFloating() const { return m_eState == State::Floating; }
     bool IsAutoHidden() const { return m_eState == State::AutoHidden; }
@@ -108,12 +111,17 @@ protected:
 
 private:
     friend class TamDockingManager;
+    friend class TamDockParentWnd;
     enum class State : uint8_t { Hidden, Docked, Floating, AutoHidden };
     // Makes the native window anew as a child of `parent` at `rect` (parent's client coordinates).
     bool Remake(CWnd* parent, const CRectangle& rect);
     void PlaceAt(const CRectangle& rect);
     void FitLibraryWindow();
     void DropMiniFrame();
+    // Floats at `rect`; a docked pane leaves the layout remembering its place.
+    bool Float(const CRectangle& rect);
+    // Out of the layout, off its strip and out of its mini-frame, hidden.
+    void Conceal();
     // Docked: the side, band rank and extent across its edge, from the live layout.
     void CurrentPlace(uint32_t& align, int32_t& row, int32_t& width) const;
 
@@ -121,11 +129,13 @@ private:
     CWnd m_aWnd;
     SString m_sName;
     int32_t m_nCtrlId = 0;
+    // Edge, band rank and extent across the edge when last docked.
+    uint32_t m_nRecentAlign = 0;
     int32_t m_nRecentRow = 0;
+    int32_t m_nRecentWidth = 0;
     TamSize m_aMinSize;
     State m_eState = State::Hidden;
-    PaneDockPlace m_aRecentDock;
-    bool m_bHasDockPlace = false;
+    DockPosition m_aRecentPos;
     CRectangle m_aRecentFloat;
     CRectangle m_aRecentDocked;
     TamPaneFrameWnd* m_pMiniFrame = nullptr;

@@ -26,6 +26,8 @@ class TamPaneDivider;
 class TamPaneFrameWnd;
 class DockHostWnd;
 class DockDrag;
+class DockPosition;
+class TamDockParentWnd;
 
 // The docking of one frame window. It puts a host window over the frame's client area and
 // places every docked pane and divider from the layout model's solution, again on every
@@ -46,6 +48,10 @@ public:
 
     bool DockIntoPane(DockablePane* pane, DockablePane* target, uint32_t align, int32_t length) override;
     bool DockIntoParent(DockablePane* pane, uint32_t align, int32_t length, bool outermost) override;
+    // Docks the pane where `pos` says (the dock parent's rules).
+    void DockWithPosition(TamDockablePane* pane, const DockPosition& pos);
+    // The dock parent that puts this manager's panes back where they were.
+    TamDockParentWnd& GetDockParent() const { return *m_pDockParent; }
 
     // The panes in creation order; the auto-hidden panes; the mini-frames.
     void FillDockablePaneVec(std::vector<TamDockablePane*>& panes) const;
@@ -107,14 +113,27 @@ private:
     friend class TamDockSite;
     friend class DockDrag;
     friend class DockHostWnd;
+    friend class TamDockParentWnd;
 
     bool AddPane(TamDockablePane& pane);
     void ForgetPane(TamDockablePane& pane);
     // `pane` when it is one of this manager's panes, else null.
     TamDockablePane* KnownPane(const TamDockablePane* pane) const;
-    // Takes the pane out of the model, remembering its place; false when it was not docked.
-    bool TakeOut(TamDockablePane& pane);
+    // Takes the pane out of the model, with `remember` storing where it stood as its recent
+    // dock position; false when it was not docked.
+    bool TakeOut(TamDockablePane& pane, bool remember = true);
+    // Docks the pane again at its recent dock position; false when it did not dock.
     bool Redock(TamDockablePane& pane);
+    // Readies a pane for docking: off its strip, out of the layout, out of its mini-frame.
+    bool PrepareDock(TamDockablePane* pane);
+    // Docks like DockIntoPane beside `target`'s leaf or one of its enclosing splits, or like
+    // DockIntoParent at one of the band ranks: whichever puts the pane nearest `was` (screen
+    // rectangle). Ties go to the leaf, or to the innermost rank.
+    bool DockIntoPaneNear(TamDockablePane* pane, TamDockablePane* target, uint32_t align, int32_t length,
+                          const CRectangle& was);
+    bool DockIntoParentNear(TamDockablePane* pane, uint32_t align, int32_t length, const CRectangle& was);
+    // The pane is in the layout now.
+    void SetDocked(TamDockablePane& pane);
     bool PinOff(TamDockablePane& pane);
     // Takes the pane off its dock site's strip, if it is on one.
     bool Unpin(TamDockablePane& pane);
@@ -144,6 +163,7 @@ private:
     bool m_bPrintPreview = false;
     std::vector<TamDockablePane*> m_aHiddenForPreview;
     std::unique_ptr<DockDrag> m_pDrag;
+    std::unique_ptr<TamDockParentWnd> m_pDockParent;
 };
 
 } // namespace vesk

@@ -203,9 +203,10 @@ DockDropTarget DockDrag::TargetAt(const TamPoint& p) const
 
 int32_t DockDrag::BandLength(uint32_t align) const
 {
-    const PaneDockPlace& recent = m_pPane->GetRecentDockPlace();
-    if (recent.sTarget.Len() == 0 && recent.nAlign == align && recent.nLength > 0)
-        return recent.nLength;
+    // As thick as it was when it last stood in a band of its own at that edge.
+    const DockPosition& recent = m_pPane->GetRRecentDockPosition();
+    if (recent.IsMarginDock() && recent.GetMarginAlign() == align && recent.GetAlignSideLen() > 0)
+        return recent.GetAlignSideLen();
     // A quarter of the frame's room across that edge.
     const LayoutRect& c = m_rManager.GetModel().GetSolution().client;
     return (align == CBRS_ALIGN_LEFT || align == CBRS_ALIGN_RIGHT ? c.cx : c.cy) / 4;

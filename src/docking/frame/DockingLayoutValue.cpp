@@ -5,9 +5,11 @@
 //   floating: count, then one pane record each
 //   pinned:   count of dock sites, then per site a section with its edge, a count and records
 //   hidden:   count, then one pane record each
-// A pane record is a section: name, whether a recent dock place is known, the place (target
-// name, side, length, outermost), the recent docked and floating rectangles (for a floating
-// pane its mini-frame's rectangle) and the recent row.
+// A pane record is a section: name; its recent dock position as a record of its own, with the
+// position's floating flag and floating rectangle after it (the position's record leaves the one
+// out and keeps an older value of the other); the recent docked and floating rectangles of the
+// pane (for a floating pane its mini-frame's rectangle); and the edge, row and width of its band
+// when last docked.
 #include <vesk/docking/TamDockingManager.hpp>
 
 #include "docking/frame/DockDrag_p.hpp"
@@ -34,11 +36,12 @@ constexpr int32_t kMaxName = 1024;
 
 struct AwayPane {
     SString sName;
-    bool bHasPlace = false;
-    PaneDockPlace aPlace;
+    DockPosition aPos;
     CRectangle aDocked;
     CRectangle aFloated;
+    uint32_t nEdge = 0;
     int32_t nRow = 0;
+    int32_t nWidth = 0;
 };
 
 struct SavedLayout {
@@ -52,13 +55,14 @@ struct SavedLayout {
 bool ReadAway(DataBuffer& b, AwayPane& a)
 {
     LocalSizedRead section(b);
-    uint8_t hasPlace = 0, outermost = 0;
+    uint8_t floating = 0;
+    CRectangle posFloat;
     const bool ok = section.IsOpen() && b.ReadString(a.sName, kMaxName) && a.sName.Len() > 0 &&
-                    b.ReadByte(hasPlace) && b.ReadString(a.aPlace.sTarget, kMaxName) &&
-                    b.ReadUInt32(a.aPlace.nAlign) && b.ReadInt32(a.aPlace.nLength) && b.ReadByte(outermost) &&
-                    b.ReadRect(a.aDocked) && b.ReadRect(a.aFloated) && b.ReadInt32(a.nRow);
-    a.bHasPlace = hasPlace != 0;
-    a.aPlace.bOutermost = outermost != 0;
+                    a.aPos.ReadFromDataBuffer(b) && b.ReadByte(floating) && b.ReadRect(posFloat) &&
+                    b.ReadRect(a.aDocked) && b.ReadRect(a.aFloated) && b.ReadUInt32(a.nEdge) &&
+                    b.ReadInt32(a.nRow) && b.ReadInt32(a.nWidth);
+    a.aPos.SetIsFloating(floating != 0);
+    a.aPos.SetRectRecentFloat(posFloat);
     return ok;
 }
 
@@ -120,14 +124,14 @@ void TamDockingManager::WriteAway(DataBuffer& b, const TamDockablePane& pane) co
 {
     LocalSizedWrite section(b);
     b.WriteString(pane.m_sName);
-    b.WriteByte(pane.m_bHasDockPlace ? 1 : 0);
-    b.WriteString(pane.m_aRecentDock.sTarget);
-    b.WriteUInt32(pane.m_aRecentDock.nAlign);
-    b.WriteInt32(pane.m_aRecentDock.nLength);
-    b.WriteByte(pane.m_aRecentDock.bOutermost ? 1 : 0);
+    pane.m_aRecentPos.WriteToDataBuffer(b);
+    b.WriteByte(pane.m_aRecentPos.IsFloating() ? 1 : 0);
+    b.WriteRect(pane.m_aRecentPos.GetRectRecentFloat());
     b.WriteRect(pane.m_aRecentDocked);
     b.WriteRect(pane.m_pMiniFrame ? pane.m_pMiniFrame->GetWindowRect() : pane.m_aRecentFloat);
+    b.WriteUInt32(pane.m_nRecentAlign);
     b.WriteInt32(pane.m_nRecentRow);
+    b.WriteInt32(pane.m_nRecentWidth);
 }
 
 std::vector<uint8_t> TamDockingManager::SaveLayout() const
@@ -228,11 +232,12 @@ bool TamDockingManager::LoadLayout(std::span<const uint8_t> value)
     RecalcLayout();
 
     const auto restore = [](TamDockablePane& pane, const AwayPane& a) {
-        pane.m_bHasDockPlace = a.bHasPlace;
-        pane.m_aRecentDock = a.aPlace;
+        pane.SetRecentDockPosition(a.aPos);
         pane.m_aRecentDocked = a.aDocked;
         pane.m_aRecentFloat = a.aFloated;
+        pane.m_nRecentAlign = a.nEdge;
         pane.m_nRecentRow = a.nRow;
+        pane.m_nRecentWidth = a.nWidth;
     };
     for (const AwayPane& a : saved.aFloating) {
         if (TamDockablePane* pane = FindPane(a.sName)) {

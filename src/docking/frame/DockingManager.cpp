@@ -6,6 +6,7 @@
 #include "docking/frame/DockHost_p.hpp"
 #include "docking/layout/LayoutTree.hpp"
 
+#include <vesk/docking/TamDockParentWnd.hpp>
 #include <vesk/docking/TamDockablePane.hpp>
 #include <vesk/docking/TamPaneContainer.hpp>
 #include <vesk/docking/TamPaneFrameWnd.hpp>
@@ -36,14 +37,17 @@ intptr_t DockHostWnd::WindowProc(uint32_t message, WParam wParam, LParam lParam)
     if (message == WM_SIZE)
         m_rManager.RecalcLayout();
     if (message == WM_DOCK_CLOSEPANE) {
-        if (TamDockablePane* pane = m_rManager.KnownPane(reinterpret_cast<const TamDockablePane*>(lParam)))
-            pane->DoClose();
+        if (TamDockablePane* pane = m_rManager.KnownPane(reinterpret_cast<const TamDockablePane*>(lParam))) {
+            DockPosition pos = pane->GetRecentDockPosition();
+            m_rManager.GetDockParent().RemovePane(pane, pos, true);
+        }
     }
     return result;
 }
 
 TamDockingManager::TamDockingManager(CFrameWnd& frame)
-    : m_rFrame(frame), m_pHost(std::make_unique<DockHostWnd>(*this)), m_pModel(std::make_unique<LayoutModel>())
+    : m_rFrame(frame), m_pHost(std::make_unique<DockHostWnd>(*this)), m_pModel(std::make_unique<LayoutModel>()),
+      m_pDockParent(std::make_unique<TamDockParentWnd>(*this))
 {
     if (const VeskData* data = GetPVeskData())
         m_nDpi = std::clamp(data->GetResolutionX(), LAYOUT_MIN_DPI, LAYOUT_MAX_DPI);
@@ -124,23 +128,33 @@ TamDockablePane* TamDockingManager::FindPane(const SString& name) const
     return nullptr;
 }
 
+bool TamDockingManager::PrepareDock(TamDockablePane* pane)
+{
+    if (!pane || pane->m_pManager != this)
+        return false;
+    Unpin(*pane);
+    TakeOut(*pane);
+    pane->DropMiniFrame();
+    return true;
+}
+
+void TamDockingManager::SetDocked(TamDockablePane& pane)
+{
+    pane.m_eState = TamDockablePane::State::Docked;
+    RecalcLayout();
+}
+
 bool TamDockingManager::DockIntoPane(DockablePane* pane, DockablePane* target, uint32_t align, int32_t length)
 {
     auto* own = dynamic_cast<TamDockablePane*>(pane);
     auto* into = dynamic_cast<TamDockablePane*>(target);
     LayoutEdge side;
-    if (!own || !into || own == into || own->m_pManager != this || into->m_pManager != this || !into->IsDocked() ||
-        !LayoutEdgeOfAlign(align, side))
+    if (!own || !into || own == into || into->m_pManager != this || !into->IsDocked() ||
+        !LayoutEdgeOfAlign(align, side) || !PrepareDock(own))
         return false;
-    Unpin(*own);
-    TakeOut(*own);
-    own->DropMiniFrame();
     if (!m_pModel->DockIntoPane(own->GetName(), into->GetName(), side, length, own->GetMinSize()))
         return false;
-    own->m_eState = TamDockablePane::State::Docked;
-    own->m_aRecentDock = {into->GetName(), align, length, false};
-    own->m_bHasDockPlace = true;
-    RecalcLayout();
+    SetDocked(*own);
     return true;
 }
 
@@ -148,54 +162,99 @@ bool TamDockingManager::DockIntoParent(DockablePane* pane, uint32_t align, int32
 {
     auto* own = dynamic_cast<TamDockablePane*>(pane);
     LayoutEdge edge;
-    if (!own || own->m_pManager != this || !LayoutEdgeOfAlign(align, edge))
+    if (!LayoutEdgeOfAlign(align, edge) || !PrepareDock(own))
         return false;
-    Unpin(*own);
-    TakeOut(*own);
-    own->DropMiniFrame();
     if (!m_pModel->AddBand(edge, own->GetName(), length, own->GetMinSize(), outermost))
         return false;
-    own->m_eState = TamDockablePane::State::Docked;
-    own->m_aRecentDock = {SString(), align, length, outermost};
-    own->m_bHasDockPlace = true;
-    RecalcLayout();
+    SetDocked(*own);
     return true;
 }
 
-bool TamDockingManager::TakeOut(TamDockablePane& pane)
+namespace {
+
+// How far a trial rectangle lies from the wanted one: the sum of the edges' distances.
+int64_t EdgeDistance(const CRectangle& a, const CRectangle& b)
+{
+    return std::abs(int64_t(a.Left()) - b.Left()) + std::abs(int64_t(a.Top()) - b.Top()) +
+           std::abs(int64_t(a.Right()) - b.Right()) + std::abs(int64_t(a.Bottom()) - b.Bottom());
+}
+
+} // namespace
+
+bool TamDockingManager::DockIntoPaneNear(TamDockablePane* pane, TamDockablePane* target, uint32_t align,
+                                         int32_t length, const CRectangle& was)
+{
+    LayoutEdge side;
+    if (!pane || !target || pane == target || target->m_pManager != this || !target->IsDocked() ||
+        !LayoutEdgeOfAlign(align, side) || !PrepareDock(pane))
+        return false;
+    const LayoutPane* into = m_pModel->FindPane(target->GetName());
+    if (!into)
+        return false;
+    // Each trial is taken back by Remove, the exact inverse, so only the chosen one stays.
+    const TamPoint host = m_pHost->GetWindowRect().TopLeft();
+    const CRectangle want(was.Left() - host.x, was.Top() - host.y, was.Right() - host.x, was.Bottom() - host.y);
+    LayoutNode* best = nullptr;
+    int64_t bestDistance = INT64_MAX;
+    for (LayoutNode* node = into->GetNode(); node; node = node->GetParent()) {
+        const LayoutPane* trial = m_pModel->DockBeside(pane->GetName(), node, side, length, pane->GetMinSize());
+        if (!trial)
+            return false;
+        const int64_t d = EdgeDistance(trial->GetScreenRect(), want);
+        m_pModel->Remove(pane->GetName());
+        if (d < bestDistance) {
+            bestDistance = d;
+            best = node;
+        }
+    }
+    if (!m_pModel->DockBeside(pane->GetName(), best, side, length, pane->GetMinSize()))
+        return false;
+    SetDocked(*pane);
+    return true;
+}
+
+bool TamDockingManager::DockIntoParentNear(TamDockablePane* pane, uint32_t align, int32_t length,
+                                           const CRectangle& was)
+{
+    LayoutEdge edge;
+    if (!LayoutEdgeOfAlign(align, edge) || !PrepareDock(pane))
+        return false;
+    const TamPoint host = m_pHost->GetWindowRect().TopLeft();
+    const CRectangle want(was.Left() - host.x, was.Top() - host.y, was.Right() - host.x, was.Bottom() - host.y);
+    size_t best = 0;
+    int64_t bestDistance = INT64_MAX;
+    for (size_t rank = 0; rank <= m_pModel->GetBandCount(); ++rank) {
+        const LayoutPane* trial = m_pModel->AddBandAt(edge, pane->GetName(), length, pane->GetMinSize(), rank);
+        if (!trial)
+            return false;
+        const int64_t d = EdgeDistance(trial->GetScreenRect(), want);
+        m_pModel->Remove(pane->GetName());
+        // Ranks that give the same rectangle differ only in the order of parallel bands;
+        // the innermost of them is where bands docked later go.
+        if (d <= bestDistance) {
+            bestDistance = d;
+            best = rank;
+        }
+    }
+    if (!m_pModel->AddBandAt(edge, pane->GetName(), length, pane->GetMinSize(), best))
+        return false;
+    SetDocked(*pane);
+    return true;
+}
+
+bool TamDockingManager::TakeOut(TamDockablePane& pane, bool remember)
 {
     if (!pane.IsDocked())
         return false;
-    // Remember the place as it is now: the same side of the same neighbour with the same
-    // extent, or the same band edge with the same thickness.
-    const LayoutPane* model = m_pModel->FindPane(pane.GetName());
-    PaneDockPlace place = pane.m_aRecentDock;
-    if (model && model->GetNode()) {
-        const LayoutNode* leaf = model->GetNode();
-        const CRectangle& r = model->GetScreenRect();
-        pane.m_aRecentDocked = r;
-        uint32_t align = 0;
-        int32_t width = 0;
-        pane.CurrentPlace(align, pane.m_nRecentRow, width);
-        if (const LayoutNode* split = leaf->GetParent()) {
-            const int mine = split->GetChild(0) == leaf ? 0 : 1;
-            const LayoutNode* other = split->GetChild(1 - mine);
-            while (!other->IsLeaf())
-                other = other->GetChild(mine); // the leaf that touches this pane's side
-            place.sTarget = other->GetPane()->GetName();
-            const bool across = split->IsSideBySide();
-            place.nAlign = across ? (mine == 0 ? CBRS_ALIGN_LEFT : CBRS_ALIGN_RIGHT)
-                                  : (mine == 0 ? CBRS_ALIGN_TOP : CBRS_ALIGN_BOTTOM);
-            place.nLength = across ? r.Right() - r.Left() : r.Bottom() - r.Top();
-        } else {
-            place.sTarget = SString();
-            place.nAlign = pane.GetCurrentAlignment();
-            place.nLength = IsVerticalEdge(place.nAlign) ? r.Right() - r.Left() : r.Bottom() - r.Top();
-            // Outermost when it is the first band: adding it there again restores the order.
-            place.bOutermost = m_pModel->GetBandCount() > 1 && m_pModel->GetBand(0).pRoot.get() == leaf;
-        }
+    if (const LayoutPane* model = m_pModel->FindPane(pane.GetName())) {
+        pane.m_aRecentDocked = model->GetScreenRect();
+        pane.CurrentPlace(pane.m_nRecentAlign, pane.m_nRecentRow, pane.m_nRecentWidth);
     }
-    pane.m_aRecentDock = place;
+    if (remember) {
+        DockPosition pos = pane.GetRecentDockPosition();
+        m_pDockParent->FillDockPosition(&pane, pos, false);
+        pane.SetRecentDockPosition(pos);
+    }
     m_pModel->Remove(pane.GetName());
     pane.m_eState = TamDockablePane::State::Hidden;
     pane.m_aWnd.ShowWindow(SW_HIDE);
@@ -205,14 +264,15 @@ bool TamDockingManager::TakeOut(TamDockablePane& pane)
 
 bool TamDockingManager::Redock(TamDockablePane& pane)
 {
-    if (!pane.m_bHasDockPlace)
-        return false;
-    const PaneDockPlace place = pane.m_aRecentDock;
-    TamDockablePane* target = place.sTarget.Len() ? FindPane(place.sTarget) : nullptr;
-    if (target && target->IsDocked())
-        return DockIntoPane(&pane, target, place.nAlign, place.nLength);
-    // The neighbour is gone: a band at the frame edge on the same side, as thick as the pane was.
-    return DockIntoParent(&pane, place.nAlign, place.nLength, place.bOutermost);
+    DockPosition pos = pane.GetRecentDockPosition();
+    pos.SetIsFloating(false);
+    m_pDockParent->DockWithPosition(&pane, pos);
+    return pane.IsDocked();
+}
+
+void TamDockingManager::DockWithPosition(TamDockablePane* pane, const DockPosition& pos)
+{
+    m_pDockParent->DockWithPosition(pane, pos);
 }
 
 void TamDockingManager::FillDockablePaneVec(std::vector<TamDockablePane*>& panes) const

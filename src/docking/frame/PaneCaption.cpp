@@ -3,6 +3,7 @@
 
 #include "docking/layout/LayoutSolution.hpp"
 
+#include <vesk/docking/TamDockParentWnd.hpp>
 #include <vesk/docking/TamDockingManager.hpp>
 #include <vesk/graphics/Brush.hpp>
 #include <vesk/graphics/Pen.hpp>
@@ -72,7 +73,12 @@ void TamDockablePane::MouseButtonDown(const MouseEvent& event)
     if (pos.y < 0 || pos.y >= GetCaptionHeight())
         return;
     if (GetCloseButtonRect().IsInside(pos)) {
-        DoClose();
+        // Closed through the dock parent: the application may refuse, and the pane remembers
+        // where it stood.
+        if (m_pManager) {
+            DockPosition recent = m_aRecentPos;
+            m_pManager->GetDockParent().RemovePane(this, recent, true);
+        }
         return;
     }
     if (GetPinButtonRect().IsInside(pos)) {

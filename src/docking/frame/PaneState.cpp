@@ -28,14 +28,15 @@ void TamDockablePane::CurrentPlace(uint32_t& align, int32_t& row, int32_t& width
     width = across ? r.Right() - r.Left() : r.Bottom() - r.Top();
 }
 
-int32_t TamDockablePane::GetRecentRowIndex() const
+void TamDockablePane::GetRecentPlace(uint32_t& align, int32_t& row, int32_t& width) const
 {
-    if (!IsDocked())
-        return m_nRecentRow;
-    uint32_t align = 0;
-    int32_t row = 0, width = 0;
-    CurrentPlace(align, row, width);
-    return row;
+    if (IsDocked()) {
+        CurrentPlace(align, row, width);
+    } else {
+        align = m_nRecentAlign;
+        row = m_nRecentRow;
+        width = m_nRecentWidth;
+    }
 }
 
 bool TamDockablePane::SaveState(const UString& profile, int32_t index, uint32_t id) const
@@ -44,13 +45,10 @@ bool TamDockablePane::SaveState(const UString& profile, int32_t index, uint32_t 
         index = m_nCtrlId;
     const std::u16string base = DockingSectionPath(profile, "BasePane", index, id);
     const std::u16string path = DockingSectionPath(profile, "Pane", index, id);
-    uint32_t align = m_aRecentDock.nAlign;
-    int32_t row = m_nRecentRow, width = m_aRecentDock.nLength;
-    CRectangle docked = m_aRecentDocked;
-    if (IsDocked()) {
-        CurrentPlace(align, row, width);
-        docked = m_pManager->m_pModel->FindPane(m_sName)->GetScreenRect();
-    }
+    uint32_t align = 0;
+    int32_t row = 0, width = 0;
+    GetRecentPlace(align, row, width);
+    const CRectangle docked = IsDocked() ? m_pManager->m_pModel->FindPane(m_sName)->GetScreenRect() : m_aRecentDocked;
     const CRectangle floated = m_pMiniFrame ? m_pMiniFrame->GetWindowRect() : m_aRecentFloat;
     return WriteIntValue(base, u"IsVisible", IsDocked() || IsFloating() || IsAutoHidden()) &&
            WriteIntValue(path, u"ID", m_nCtrlId) && WriteRectValue(path, u"RectRecentFloat", floated) &&
@@ -76,11 +74,11 @@ bool TamDockablePane::LoadState(const UString& profile, int32_t index, uint32_t 
     if (ReadRectValue(path, u"RectRecentDocked", r))
         any = true, m_aRecentDocked = r;
     if (ReadIntValue(path, u"RecentFrameAlignment", v))
-        any = true, m_aRecentDock.nAlign = static_cast<uint32_t>(v);
+        any = true, m_nRecentAlign = static_cast<uint32_t>(v);
     if (ReadIntValue(path, u"RecentRowIndex", v))
         any = true, m_nRecentRow = v;
     if (ReadIntValue(path, u"MRUWidth", v))
-        any = true, m_aRecentDock.nLength = v;
+        any = true, m_nRecentWidth = v;
 
     int32_t visible = -1, floating = -1, pinned = -1;
     any |= ReadIntValue(base, u"IsVisible", visible);
@@ -95,8 +93,14 @@ bool TamDockablePane::LoadState(const UString& profile, int32_t index, uint32_t 
         if (!IsFloating())
             FloatPane();
     } else if (!IsDocked() && !IsAutoHidden()) {
-        m_bHasDockPlace = true; // at least the recent edge and width are known
-        if (!m_pManager->Redock(*this) && !IsFloating())
+        if (m_aRecentPos.GetMarginAlign() == 0 && m_aRecentPos.GetNeighbourVec().empty()) {
+            // Nothing to go by: a band of its own at the recent edge, as thick as it was.
+            DockPosition pos = m_aRecentPos;
+            pos.SetMarginAlign(m_nRecentAlign);
+            pos.SetSize(TamSize(m_nRecentWidth, m_nRecentWidth));
+            SetRecentDockPosition(pos);
+        }
+        if (!RedockPane() && !IsFloating())
             FloatPane();
     }
     if (pinned == 1 && IsDocked())

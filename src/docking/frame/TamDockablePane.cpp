@@ -5,8 +5,11 @@
 #include "docking/layout/LayoutModel.hpp"
 #include "docking/layout/LayoutTree.hpp"
 
+#include <vesk/docking/TamDockParentWnd.hpp>
 #include <vesk/docking/TamDockingManager.hpp>
 #include <vesk/docking/TamPaneFrameWnd.hpp>
+
+#include <algorithm>
 
 namespace vesk {
 
@@ -27,6 +30,8 @@ bool TamDockablePane::Create(TamDockingManager& manager, const SString& name, co
         return false;
     m_sName = name;
     m_aMinSize = minSize96;
+    m_aRecentPos.SetName(name);
+    m_aRecentPos.SetMinSizeScaled(minSize96.Width(), minSize96.Height());
     if (!manager.AddPane(*this))
         return false;
     m_pManager = &manager;
@@ -72,13 +77,16 @@ void TamDockablePane::SetSizeInContainer(int32_t length)
 
 bool TamDockablePane::FloatPane()
 {
+    // Reason 2: the application may hand the pane the floating rectangle to take.
+    if (m_pManager && IsDocked())
+        m_pManager->GetDockParent().OnBeforeFloat(this, 2);
     const CRectangle& r = m_aRecentFloat;
     if (r.Right() - r.Left() > 0 && r.Bottom() - r.Top() > 0)
-        return FloatAt(r);
+        return Float(r);
     // Never floated: where it is now, or a default size at the screen's corner.
     const CRectangle now = GetScreenRect();
     const bool sized = now.Right() - now.Left() > 0 && now.Bottom() - now.Top() > 0;
-    return FloatAt(sized ? now : CRectangle(0, 0, 200, 200));
+    return Float(sized ? now : CRectangle(0, 0, 200, 200));
 }
 
 void TamDockablePane::PlaceAt(const CRectangle& rect)
@@ -105,34 +113,42 @@ void TamDockablePane::FitLibraryWindow()
     wnd->MoveWindow(0, caption, size.Width(), std::max(0, size.Height() - caption));
 }
 
+void TamDockablePane::SetRecentDockPosition(const DockPosition& pos)
+{
+    m_aRecentPos = pos; // keeps the stored minimum size
+    m_aRecentPos.SetName(m_sName);
+}
+
 void TamDockablePane::ShowPane()
 {
     if (!m_pManager || IsDocked() || IsFloating() || IsAutoHidden())
         return;
-    if (m_bHasDockPlace && m_pManager->Redock(*this))
-        return;
-    FloatPane();
+    const DockPosition pos = m_aRecentPos;
+    m_pManager->GetDockParent().ShowPane(this, pos);
 }
 
 void TamDockablePane::HidePane()
 {
-    if (!m_pManager)
+    if (!m_pManager || !(IsDocked() || IsFloating() || IsAutoHidden()))
         return;
-    if (IsAutoHidden())
-        m_pManager->PinBack(*this); // back into its place first, so hiding remembers it
-    if (IsDocked()) {
-        m_pManager->TakeOut(*this);
-    } else if (IsFloating()) {
-        DropMiniFrame();
-        m_eState = State::Hidden;
-        // Shown again, a pane that floated last floats again.
-        m_bHasDockPlace = false;
-    }
+    DockPosition pos = m_aRecentPos;
+    m_pManager->GetDockParent().HidePane(this, pos, true);
 }
 
 void TamDockablePane::DoClose()
 {
-    HidePane();
+    Conceal();
+}
+
+void TamDockablePane::Conceal()
+{
+    if (!m_pManager)
+        return;
+    m_pManager->Unpin(*this);
+    m_pManager->TakeOut(*this, false);
+    DropMiniFrame();
+    m_eState = State::Hidden;
+    m_aWnd.ShowWindow(SW_HIDE);
 }
 
 bool TamDockablePane::UndockPane()
@@ -140,7 +156,19 @@ bool TamDockablePane::UndockPane()
     return m_pManager && m_pManager->TakeOut(*this);
 }
 
+bool TamDockablePane::RedockPane()
+{
+    return m_pManager && !IsDocked() && m_pManager->Redock(*this);
+}
+
 bool TamDockablePane::FloatAt(const CRectangle& rect)
+{
+    if (m_pManager && IsDocked())
+        m_pManager->GetDockParent().OnBeforeFloat(this, 1);
+    return Float(rect);
+}
+
+bool TamDockablePane::Float(const CRectangle& rect)
 {
     if (!m_pManager)
         return false;
@@ -181,8 +209,14 @@ uint32_t TamDockablePane::GetCurrentAlignment() const
 {
     if (!m_pManager)
         return 0;
-    if (IsAutoHidden())
-        return m_aRecentDock.nAlign;
+    if (IsAutoHidden()) {
+        for (const auto& site : m_pManager->m_aSites) {
+            if (std::find(site->GetAutoHidePanes().begin(), site->GetAutoHidePanes().end(), this) !=
+                site->GetAutoHidePanes().end())
+                return site->GetAlignment();
+        }
+        return 0;
+    }
     const LayoutPane* pane = m_pManager->m_pModel->FindPane(m_sName);
     if (!pane)
         return 0;

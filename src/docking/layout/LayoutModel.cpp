@@ -104,6 +104,12 @@ std::unique_ptr<LayoutNode> LayoutModel::NewLeaf(const SString& name, const TamS
 LayoutPane* LayoutModel::AddBand(LayoutEdge edge, const SString& name, int32_t thickness, const TamSize& minSize96,
                                  bool outermost)
 {
+    return AddBandAt(edge, name, thickness, minSize96, outermost ? 0 : m_aBands.size());
+}
+
+LayoutPane* LayoutModel::AddBandAt(LayoutEdge edge, const SString& name, int32_t thickness, const TamSize& minSize96,
+                                   size_t index)
+{
     if (name.Len() == 0 || FindPane(name))
         return nullptr;
     LayoutBand band;
@@ -112,7 +118,7 @@ LayoutPane* LayoutModel::AddBand(LayoutEdge edge, const SString& name, int32_t t
     band.nThicknessDpi = std::clamp(m_nDpi, LAYOUT_MIN_DPI, LAYOUT_MAX_DPI);
     band.pRoot = NewLeaf(name, minSize96);
     LayoutPane* pane = band.pRoot->GetPane();
-    m_aBands.insert(outermost ? m_aBands.begin() : m_aBands.end(), std::move(band));
+    m_aBands.insert(m_aBands.begin() + std::ptrdiff_t(std::min(index, m_aBands.size())), std::move(band));
     Refresh();
     return pane;
 }
@@ -121,30 +127,47 @@ LayoutPane* LayoutModel::DockIntoPane(const SString& name, const SString& target
                                       const TamSize& minSize96)
 {
     LayoutPane* into = FindPane(target);
-    if (!into || name.Len() == 0 || FindPane(name))
+    return into ? DockBeside(name, into->m_pNode, side, length, minSize96) : nullptr;
+}
+
+LayoutPane* LayoutModel::DockBeside(const SString& name, LayoutNode* node, LayoutEdge side, int32_t length,
+                                    const TamSize& minSize96)
+{
+    if (!node || name.Len() == 0 || FindPane(name))
         return nullptr;
     const bool across = side == LayoutEdge::Left || side == LayoutEdge::Right;
-    const CRectangle& r = into->m_aRect;
+    const CRectangle r = NodeRect(*node);
     const int32_t extent = across ? r.Right() - r.Left() : r.Bottom() - r.Top();
     const int32_t room = std::max(0, extent - LayoutDividerWidth(m_nDpi));
     const int32_t take = length <= 0 ? room / 2 : std::min(length, room);
 
-    // The leaf becomes the split; the old pane moves to a new leaf beneath it.
-    LayoutNode* split = into->m_pNode;
-    auto old = std::make_unique<LayoutNode>();
-    old->m_pPane = std::move(split->m_pPane);
-    old->m_pPane->m_pNode = old.get();
+    // A new split takes the node's place; the node moves beneath it beside the new leaf.
+    std::unique_ptr<LayoutNode>& slot = SlotOf(node);
+    auto split = std::make_unique<LayoutNode>();
+    split->m_pParent = node->m_pParent;
     const int fresh = side == LayoutEdge::Left || side == LayoutEdge::Top ? 0 : 1;
     split->m_bSideBySide = across;
     split->m_aChild[fresh] = NewLeaf(name, minSize96);
-    split->m_aChild[1 - fresh] = std::move(old);
+    split->m_aChild[1 - fresh] = std::move(slot);
     split->m_aWeight[fresh] = take;
     split->m_aWeight[1 - fresh] = room - take;
     for (auto& child : split->m_aChild)
-        child->m_pParent = split;
+        child->m_pParent = split.get();
     LayoutPane* pane = split->m_aChild[fresh]->GetPane();
+    slot = std::move(split);
     Refresh();
     return pane;
+}
+
+CRectangle LayoutModel::NodeRect(const LayoutNode& node)
+{
+    if (node.IsLeaf())
+        return node.GetPane()->m_aRect;
+    // The dividers inside lie between the leaves, so the leaves' bounds are the node's.
+    const CRectangle a = NodeRect(*node.GetChild(0));
+    const CRectangle b = NodeRect(*node.GetChild(1));
+    return CRectangle(std::min(a.Left(), b.Left()), std::min(a.Top(), b.Top()), std::max(a.Right(), b.Right()),
+                      std::max(a.Bottom(), b.Bottom()));
 }
 
 std::unique_ptr<LayoutNode>& LayoutModel::SlotOf(LayoutNode* node)

@@ -108,10 +108,16 @@ public:
     // Null when the name is empty or taken.
     LayoutPane* AddBand(LayoutEdge edge, const SString& name, int32_t thickness, const TamSize& minSize96,
                         bool outermost);
+    // The same at rank `index` of the dock order (0 outermost; past the end: innermost).
+    LayoutPane* AddBandAt(LayoutEdge edge, const SString& name, int32_t thickness, const TamSize& minSize96,
+                          size_t index);
     // Splits the leaf of `target`: the new pane takes side `side` of it with `length` pixels
     // (0 or less: half). Null when the name is empty or taken or the target is unknown.
     LayoutPane* DockIntoPane(const SString& name, const SString& target, LayoutEdge side, int32_t length,
                              const TamSize& minSize96);
+    // The same beside a whole subtree: `node` (a leaf or split of this model) is split.
+    LayoutPane* DockBeside(const SString& name, LayoutNode* node, LayoutEdge side, int32_t length,
+                           const TamSize& minSize96);
     // Takes a pane out: its sibling takes its split's place, or its band goes. The exact
     // inverse of the AddBand or DockIntoPane that put it there.
     bool Remove(const SString& name);
@@ -147,6 +153,8 @@ private:
     std::unique_ptr<LayoutNode> ReadNode(DataBuffer& buffer, int32_t depth, int32_t& budget);
     std::unique_ptr<LayoutNode> NewLeaf(const SString& name, const TamSize& minSize96);
     std::unique_ptr<LayoutNode>& SlotOf(LayoutNode* node);
+    // The bounds of a node's leaves in the last layout.
+    static CRectangle NodeRect(const LayoutNode& node);
     bool PlaceDivider(LayoutDivider divider, int32_t pos);
 
     TamSize m_aClient;
