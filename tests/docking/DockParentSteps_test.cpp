@@ -139,6 +139,26 @@ TEST_F(DockStepTest, EmergencyPlacesInAThousandByEightHundredParent)
     tall->HidePane();
     parent.DockWithPosition(wide, Unplaced(TamSize(900, 500)));
     EXPECT_EQ(Height(HostRect(wide)), 200);
+    wide->HidePane();
+    // Square: at the right.
+    parent.DockWithPosition(tall, Unplaced(TamSize(300, 300)));
+    EXPECT_EQ(HostRect(tall), CRectangle(750, 0, 1000, 800));
+}
+
+TEST_F(DockStepTest, RoomInTheNeighbourHolder)
+{
+    TamDockablePane* a = Pane("A");
+    TamDockablePane* b = Pane("B");
+    ASSERT_TRUE(manager->DockIntoParent(a, CBRS_ALIGN_LEFT, 250, false));
+    ASSERT_TRUE(manager->DockIntoPane(b, a, CBRS_ALIGN_BOTTOM, 100));
+    // Across the stacked holder: nothing; along it: two thirds of the holder's height.
+    Parent().MakeRoomInNeighbourHolder(b, CBRS_ALIGN_LEFT);
+    EXPECT_EQ(Height(HostRect(b)), 100);
+    Parent().MakeRoomInNeighbourHolder(b, CBRS_ALIGN_TOP);
+    EXPECT_EQ(Height(HostRect(b)), static_cast<int32_t>(kHeight * 0.66));
+    // Already larger: left alone.
+    Parent().MakeRoomInNeighbourHolder(b, CBRS_ALIGN_BOTTOM);
+    EXPECT_EQ(Height(HostRect(b)), static_cast<int32_t>(kHeight * 0.66));
 }
 
 // Records the callbacks in the order they come; the may-close answer is set by the test.
@@ -158,7 +178,13 @@ struct Recorder {
             shownWhileHidden = static_cast<TamDockablePane*>(pane);
         return 0;
     }
-    int32_t Recent(void*) { calls.push_back("recent"); return 0; }
+    CRectangle recentFloat;
+    int32_t Recent(void* pane)
+    {
+        calls.push_back("recent");
+        recentFloat = static_cast<TamDockablePane*>(pane)->GetRRecentDockPosition().GetRectRecentFloat();
+        return 0;
+    }
     int32_t FloatQuery(void* pos)
     {
         calls.push_back("float-query");
@@ -219,6 +245,7 @@ TEST_F(DockStepTest, CallbacksInTheirOrderAndRefusal)
     rec.takeFloat = 1;
     ASSERT_TRUE(b->FloatPane());
     EXPECT_EQ(rec.calls, (std::vector<std::string>{"float-query", "recent"}));
+    EXPECT_EQ(rec.recentFloat, CRectangle(100, 120, 400, 320)); // stored before it was reported
     CRectangle mini;
     ASSERT_TRUE(b->GetMiniFrameScreenRect(mini));
     EXPECT_EQ(mini, CRectangle(100, 120, 400, 320));

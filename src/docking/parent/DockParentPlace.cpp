@@ -153,9 +153,14 @@ bool TamDockParentWnd::DockIntoRow(TamDockablePane* pane, const DockPosition& po
     for (size_t i = 1; i < panes.size(); ++i)
         m_rManager.TakeOut(*panes[i], false);
     const bool docked = m_rManager.DockIntoPane(pane, panes[0], DockElement::InvertAlign(rowAlign), 0);
-    // Each further pane beside the one before it, with the room of itself and the rest.
-    for (size_t i = 1; i < panes.size(); ++i)
-        m_rManager.DockIntoPane(panes[i], panes[i - 1], chain, SumRestSide(panes, sizes, i, chain));
+    // Each further pane beside the one before it, with the room of itself and the rest; one
+    // that cannot go there is not lost but docks as a band at the row's edge.
+    const uint32_t edge = panes[0]->GetCurrentAlignment();
+    for (size_t i = 1; i < panes.size(); ++i) {
+        if (!m_rManager.DockIntoPane(panes[i], panes[i - 1], chain, SumRestSide(panes, sizes, i, chain)))
+            m_rManager.DockIntoParent(panes[i], edge, IsVerticalEdge(edge) ? sizes[i].Width() : sizes[i].Height(),
+                                      false);
+    }
     return docked;
 }
 
