@@ -1,12 +1,30 @@
 #!/usr/bin/env python3
 """Checks what `demo --headless OUTDIR` wrote: every PNG screenshot and the session GIF must
-have a valid signature, a non-empty picture size and a complete file. Standard library only.
+have a valid signature, a non-empty picture size and a complete file; the step list
+(steps.txt) must be numbered from 1 without gaps and hold every docking step, each done.
+Standard library only.
 
     scripts/check_demo_output.py OUTDIR [MIN_SCREENSHOTS]
 """
 import pathlib
+import re
 import struct
 import sys
+
+# The docking steps of the session: what each line must say. Where a pattern catches a
+# number, it is how many of the five panes stood in their exact place afterwards.
+DOCK_STEPS = [
+    ("hide and show", r"^step \d+: (\d) of 5 panes returned to their exact place"),
+    ("divider drag", r"dragged it back: (\d) of 5 panes returned to their exact place"),
+    ("dock beside", r"dragged the log pane onto the folder pane's lower edge: docked below it"),
+    ("dock at an edge", r"dragged it to the frame's bottom edge: docked there"),
+    ("float", r"dragged the properties pane over the preview: floating at"),
+    ("save and restore",
+     r"saved the pane layout and restored it into a new browser window: (\d) of 5 panes took their exact place"),
+    ("dock back", r"from its mini-frame onto the colours pane's upper edge: docked, (\d) of 5 panes returned"),
+    ("pin off", r"slid it out with its tab and pinned it back: docked, (\d) of 5 panes returned"),
+    ("resize", r"resized it back to \d+ x \d+: (\d) of 5 panes returned to their exact place"),
+]
 
 
 def check_png(path):
@@ -36,6 +54,20 @@ def check_gif(path):
     return f"{width} x {height}, {frames} frames"
 
 
+def check_steps(path):
+    lines = path.read_text(encoding="utf-8", errors="replace").splitlines()
+    for number, line in enumerate(lines, 1):
+        if not line.startswith(f"step {number}: "):
+            return f"line {number} is not step {number}: {line!r}"
+    found = []
+    for name, pattern in DOCK_STEPS:
+        match = next((m for m in (re.search(pattern, line) for line in lines) if m), None)
+        if not match:
+            return f"no {name} step"
+        found.append(f"{name} {match.group(1)}/5" if match.groups() else name)
+    return f"{len(lines)} steps; " + ", ".join(found)
+
+
 def main():
     if len(sys.argv) < 2:
         print(__doc__.strip())
@@ -47,7 +79,8 @@ def main():
     if len(shots) < need:
         print(f"check: {len(shots)} screenshots in {out}, expected at least {need}")
         failed = True
-    for path, check in [(p, check_png) for p in shots] + [(out / "session.gif", check_gif)]:
+    files = [(p, check_png) for p in shots] + [(out / "session.gif", check_gif), (out / "steps.txt", check_steps)]
+    for path, check in files:
         if not path.is_file():
             print(f"check: {path} is missing")
             failed = True

@@ -9,7 +9,7 @@ namespace demo {
 class ColoursPane : public Pane
 {
 public:
-    ColoursPane() : Pane("Colours") {}
+    ColoursPane() : Pane("Colours", false) {}
     void Render(vesk::OutputDevice& dev, const vesk::TamSize& size) override;
 };
 

@@ -1,46 +1,78 @@
 #include "DemoApp.hpp"
 
+#include <vesk/links.hpp>
+
 #include <algorithm>
 #include <cstdio>
-#include <filesystem>
 
 using namespace vesk;
 
 namespace demo {
 
+namespace {
+// The panes that dock, each named after its title; the preview fills the free space.
+constexpr PaneId kDockable[] = {PANE_FOLDER, PANE_PROPERTIES, PANE_COLOURS, PANE_LOG};
+} // namespace
+
+intptr_t DemoFrame::WindowProc(uint32_t message, WParam wParam, LParam lParam)
+{
+    if (message == WM_SETFOCUS && m_pFocus && m_pFocus->GetSafeHwnd()) {
+        m_pFocus->SetFocus();
+        return 0;
+    }
+    return CFrameWnd::WindowProc(message, wParam, lParam);
+}
+
+DemoApp::DemoApp()
+{
+    GlAddOnKeyDownHdl(MakeLink<&DemoApp::OnKeyDown>(this));
+}
+
 DemoApp::~DemoApp()
 {
+    GlRemoveOnKeyDownHdl(MakeLink<&DemoApp::OnKeyDown>(this));
     m_aPreview.Clear(); // stops the player before any window goes
+    if (m_pDocking)
+        m_pDocking->SetCentralWindow(nullptr); // the preview goes before the manager
 }
 
 bool DemoApp::Create(const Settings& settings, const std::string& scratch, std::string& error)
 {
     m_aScratch = scratch;
-    const TamSize size = settings.size;
-    if (!m_aFrame.CreateFrame("Vesk picture browser", TamPoint(60, 60), size) ||
-        !m_aDesk.CreateDesk(&m_aFrame, size)) {
+    if (!m_aFrame.CreateFrame("Vesk picture browser", TamPoint(60, 60), settings.size)) {
         error = "cannot create the main window";
         return false;
     }
-    Pane* panes[] = {&m_aFolder, &m_aPreview, &m_aProperties, &m_aColours, &m_aLog};
-    for (Pane* pane : panes) {
-        if (!pane->CreatePane(&m_aDesk.Wnd())) {
-            error = "cannot create the " + pane->Title() + " pane";
+    m_pDocking = std::make_unique<TamDockingManager>(m_aFrame);
+    if (!m_pDocking->GetHost()->GetSafeHwnd() || !m_aPreview.CreatePane(m_pDocking->GetHost())) {
+        error = "cannot create the docking host";
+        return false;
+    }
+    for (PaneId id : kDockable) {
+        m_aDocked[id] = std::make_unique<DockedPane>(PaneAt(id));
+        if (!m_aDocked[id]->Create(*m_pDocking, SString(PaneAt(id).Title().c_str())) || !PaneAt(id).GetHandle()) {
+            error = "cannot create the " + PaneAt(id).Title() + " pane";
             return false;
         }
-        pane->SetKeyHandler([this](const KeyEvent& event) { return HandleKey(event); });
+    }
+    // A strip on each edge for the panes pinned off with their pin button.
+    for (uint32_t edge : {CBRS_ALIGN_LEFT, CBRS_ALIGN_TOP, CBRS_ALIGN_RIGHT, CBRS_ALIGN_BOTTOM}) {
+        if (!m_pDocking->AddDockSite({edge, []() { return new TamDockSite; }}, nullptr)) {
+            error = "cannot create the docking strips";
+            return false;
+        }
     }
     if (!m_aPreview.CreateChildren(scratch)) {
         error = "cannot create the animation window";
         return false;
     }
     m_aFolder.SetOnSelect([this](int index) { OnSelect(index); });
-    m_aFrame.SetView(&m_aDesk.Wnd());
-    SetVeskMainFrame(m_aFrame.GetSafeHwnd());
+    m_pDocking->SetCentralWindow(&m_aPreview.Wnd());
+    m_aFrame.SetFocusTarget(&m_aPreview.Wnd());
     m_aFrame.ShowWindow(SW_SHOWNORMAL);
-    m_aDesk.Wnd().ShowWindow(SW_SHOWNORMAL);
-    Arrange();
-    m_aDesk.Wnd().SetFocus();
+    m_aPreview.Wnd().ShowWindow(SW_SHOW);
+    DockDefaultLayout();
+    m_aPreview.Wnd().SetFocus();
     return true;
 }
 
@@ -50,29 +82,9 @@ Pane& DemoApp::PaneAt(int pane)
     return *panes[pane];
 }
 
-void DemoApp::Arrange()
+DockedPane* DemoApp::Dockable(int pane) const
 {
-    const TamSize size = m_aDesk.Wnd().GetClientSize();
-    m_aBoxes = ComputeLayout(size.Width(), size.Height(), m_aVisible);
-    for (int i = 0; i < PANE_COUNT; ++i) {
-        CWnd& wnd = PaneAt(i).Wnd();
-        const Box& b = m_aBoxes[i];
-        const bool show = m_aVisible[i] && b.width > 0 && b.height > 0;
-        if (show)
-            wnd.MoveWindow(b.x, b.y, b.width, b.height);
-        wnd.ShowWindow(show ? SW_SHOW : SW_HIDE);
-    }
-    m_aPreview.Arrange();
-    m_aDesk.Invalidate();
-}
-
-void DemoApp::TogglePane(int pane)
-{
-    if (pane < 0 || pane >= PANE_COUNT)
-        return;
-    m_aVisible[pane] = !m_aVisible[pane];
-    Arrange();
-    Event(PaneAt(pane).Title() + (m_aVisible[pane] ? " shown" : " hidden"));
+    return pane >= 0 && pane < PANE_COUNT ? m_aDocked[pane].get() : nullptr;
 }
 
 bool DemoApp::OpenFolder(const std::string& folder)
@@ -112,7 +124,12 @@ void DemoApp::OnSelect(int index)
     else
         Problem(error);
     m_aProperties.Show(file, picture);
-    m_aDesk.Wnd().SetFocus();
+    m_aPreview.Wnd().SetFocus();
+}
+
+int32_t DemoApp::OnKeyDown(void* event)
+{
+    return HandleKey(*static_cast<const KeyEvent*>(event));
 }
 
 bool DemoApp::HandleKey(const KeyEvent& event)
@@ -146,40 +163,13 @@ void DemoApp::Problem(const std::string& line)
     m_aLog.Add("problem: " + line);
 }
 
-Settings DemoApp::CurrentSettings()
+Settings DemoApp::CurrentSettings(bool layoutSaved)
 {
     Settings settings;
     settings.folder = m_aFolder.Folder();
     settings.size = m_aFrame.GetClientSize();
+    settings.layoutSaved = layoutSaved;
     return settings;
-}
-
-bool DemoApp::AddWindowPicture(OutputDevice& dev, NativeWindow window, const TamPoint& pos)
-{
-    const std::string path = (std::filesystem::path(m_aScratch) / "window.png").string();
-    if (!SaveWindowPicture(window, path.c_str()))
-        return false;
-    Bitmap picture;
-    picture.Load(DirEntry(SString(path.c_str())));
-    dev.DrawBitmap(pos, picture);
-    return !picture.Empty();
-}
-
-Bitmap DemoApp::Screenshot()
-{
-    const TamSize size = m_aDesk.Wnd().GetClientSize();
-    VirtualDevice dev(size);
-    AddWindowPicture(dev, m_aDesk.GetHandle(), TamPoint(0, 0));
-    for (int i = 0; i < PANE_COUNT; ++i) {
-        if (m_aVisible[i])
-            AddWindowPicture(dev, PaneAt(i).GetHandle(), TamPoint(m_aBoxes[i].x, m_aBoxes[i].y));
-    }
-    if (AnimatedGif* animation = m_aPreview.Animation(); animation && m_aVisible[PANE_PREVIEW]) {
-        const CRectangle box = m_aPreview.AnimationBox();
-        AddWindowPicture(dev, animation->GetHandle(),
-                         TamPoint(m_aBoxes[PANE_PREVIEW].x + box.Left(), m_aBoxes[PANE_PREVIEW].y + box.Top()));
-    }
-    return Bitmap(dev);
 }
 
 } // namespace demo

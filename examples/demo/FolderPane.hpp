@@ -24,7 +24,7 @@ struct PictureFile
 class FolderPane : public Pane
 {
 public:
-    FolderPane() : Pane("Folder") {}
+    FolderPane() : Pane("Folder", false) {}
 
     // Lists the folder; false with `error` set when it cannot be read (the old list stays).
     bool Open(const std::string& folder, std::string& error);

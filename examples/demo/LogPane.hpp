@@ -11,7 +11,7 @@ namespace demo {
 class LogPane : public Pane
 {
 public:
-    LogPane() : Pane("Log") {}
+    LogPane() : Pane("Log", false) {}
 
     void Add(const std::string& line);
     const std::deque<std::string>& Lines() const { return m_aLines; }

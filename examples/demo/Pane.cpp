@@ -12,6 +12,9 @@ Pane::~Pane()
 
 bool Pane::CreatePane(CWnd* parent)
 {
+    // The old window's drawing context must not outlive it.
+    ReleaseDevice();
+    m_aWnd.DestroyWindow();
     if (!m_aWnd.Create(WndKind::Child, parent, TamPoint(0, 0), TamSize(100, 100), m_aTitle.c_str()))
         return false;
     SetAsWrap(&m_aWnd);
@@ -22,8 +25,11 @@ int32_t Pane::DrawFrame(OutputDevice& dev, const TamSize& size) const
 {
     const int32_t right = size.Width() - 1, bottom = size.Height() - 1;
     dev.Erase(CRectangle(0, 0, right, bottom), TamColor(0xFAFAFAu));
-    dev.Erase(CRectangle(0, 0, right, TITLE_HEIGHT - 1), TamColor(0x6E4A2Eu));
+    if (m_bTitleStrip)
+        dev.Erase(CRectangle(0, 0, right, TITLE_HEIGHT - 1), TamColor(0x6E4A2Eu));
     dev.DrawGrayEdge(CRectangle(0, 0, right, bottom), true);
+    if (!m_bTitleStrip)
+        return 4;
     DrawLine(dev, 6, 2, m_aTitle, TamColor(0xFFFFFFu));
     return TITLE_HEIGHT + 4;
 }

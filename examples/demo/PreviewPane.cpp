@@ -105,6 +105,13 @@ void PreviewPane::Arrange()
     m_pAnimation->GetCWnd()->MoveWindow(x, y, w, h);
 }
 
+void PreviewPane::OnProcessMsg(uint32_t message, WParam wParam, LParam lParam)
+{
+    if (message == WM_SIZE)
+        Arrange();
+    Pane::OnProcessMsg(message, wParam, lParam);
+}
+
 void PreviewPane::Render(OutputDevice& dev, const TamSize& size)
 {
     const int32_t top = DrawFrame(dev, size);

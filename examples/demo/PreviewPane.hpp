@@ -12,7 +12,7 @@ namespace demo {
 class PreviewPane : public Pane
 {
 public:
-    PreviewPane() : Pane("Preview") {}
+    PreviewPane() : Pane("Preview", true) {}
     ~PreviewPane() override;
 
     // Makes the animation window once the pane exists; `scratch` is a writable folder for the
@@ -31,6 +31,10 @@ public:
     void Arrange();
 
     void Render(vesk::OutputDevice& dev, const vesk::TamSize& size) override;
+
+protected:
+    // Keeps the animation centred whenever the docking manager resizes the pane.
+    void OnProcessMsg(uint32_t message, vesk::WParam wParam, vesk::LParam lParam) override;
 
 private:
     bool ShowAnimation(const PictureFile& file, vesk::TamSize& pictureSize, std::string& error);

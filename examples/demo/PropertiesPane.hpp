@@ -10,7 +10,7 @@ namespace demo {
 class PropertiesPane : public Pane
 {
 public:
-    PropertiesPane() : Pane("Properties") {}
+    PropertiesPane() : Pane("Properties", false) {}
 
     // The file and the size of its picture ((0, 0) when it could not be read).
     void Show(const PictureFile& file, const vesk::TamSize& pictureSize);

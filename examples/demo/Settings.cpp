@@ -44,6 +44,7 @@ Settings LoadSettings(const std::string& path, std::vector<std::string>& problem
     const int32_t width = ReadSide(config, "Width", settings.size.Width(), problems);
     const int32_t height = ReadSide(config, "Height", settings.size.Height(), problems);
     settings.size = TamSize(width, height);
+    settings.layoutSaved = std::string(static_cast<const char*>(config.ReadKey("LayoutSaved"))) == "1";
     return settings;
 }
 
@@ -52,7 +53,8 @@ bool SaveSettings(const std::string& path, const Settings& settings)
     Config config = Open(path);
     const bool ok = config.WriteKey("LastFolder", SString(settings.folder.c_str())) &&
                     config.WriteKey("Width", SString(std::to_string(settings.size.Width()).c_str())) &&
-                    config.WriteKey("Height", SString(std::to_string(settings.size.Height()).c_str()));
+                    config.WriteKey("Height", SString(std::to_string(settings.size.Height()).c_str())) &&
+                    config.WriteKey("LayoutSaved", settings.layoutSaved ? "1" : "0");
     config.Flush();
     return ok;
 }

@@ -120,6 +120,10 @@ int main(int argc, char** argv)
         }
         if (o.profile.empty())
             o.profile = o.outdir + "/demo.ini";
+        // The session keeps the settings store, where the pane layout is saved, in OUTDIR too,
+        // away from the user's own.
+        std::error_code ec;
+        setenv("XDG_CONFIG_HOME", fs::absolute(o.outdir, ec).c_str(), 1);
     }
 
     std::error_code ec;
@@ -136,7 +140,17 @@ int main(int argc, char** argv)
     int result = 0;
     {
         DemoApp app;
-        if (!app.Create(settings, scratch.string(), error)) {
+        const bool created = app.Create(settings, scratch.string(), error);
+        if (created) {
+            vesk::SetVeskMainFrame(app.Frame().GetSafeHwnd());
+            if (app.RestoreLayout()) {
+                std::printf("demo: restored the saved pane layout\n");
+                app.Event("restored the saved pane layout");
+            }
+            else if (settings.layoutSaved)
+                app.Problem("the saved pane layout cannot be read, using the default layout");
+        }
+        if (!created) {
             std::fprintf(stderr, "demo: %s\n", error.c_str());
             result = 2;
         } else if (o.headless) {
@@ -155,8 +169,13 @@ int main(int argc, char** argv)
                 app.OpenNextFolder();
             result = vesk::RunMessageLoop() == 0 ? 0 : 1;
         }
-        if (result != 2 && !SaveSettings(o.profile, app.CurrentSettings()))
-            std::fprintf(stderr, "demo: cannot save the profile\n");
+        if (result != 2) {
+            const bool layoutSaved = app.SaveLayout();
+            if (!layoutSaved)
+                std::fprintf(stderr, "demo: cannot save the pane layout\n");
+            if (!SaveSettings(o.profile, app.CurrentSettings(layoutSaved)))
+                std::fprintf(stderr, "demo: cannot save the profile\n");
+        }
     }
     vesk::VeskExit();
     fs::remove_all(scratch, ec);

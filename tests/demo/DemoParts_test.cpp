@@ -49,16 +49,19 @@ TEST(DemoParts, SettingsRoundTripAndDamage)
     EXPECT_TRUE(problems.empty());
     EXPECT_TRUE(none.folder.empty());
     EXPECT_EQ(none.size.Width(), 960);
+    EXPECT_FALSE(none.layoutSaved);
 
     demo::Settings saved;
     saved.folder = "/home/ü/Bilder/a=b";
     saved.size = vesk::TamSize(200, 8000);
+    saved.layoutSaved = true;
     ASSERT_TRUE(demo::SaveSettings(dir.File("demo.ini"), saved));
     const demo::Settings read = demo::LoadSettings(dir.File("demo.ini"), problems);
     EXPECT_TRUE(problems.empty());
     EXPECT_EQ(read.folder, saved.folder);
     EXPECT_EQ(read.size.Width(), 200);
     EXPECT_EQ(read.size.Height(), 8000);
+    EXPECT_TRUE(read.layoutSaved);
 
     std::ofstream(dir.File("bad.ini")) << "[Demo]\nWidth=199\nHeight=8001\n";
     const demo::Settings bad = demo::LoadSettings(dir.File("bad.ini"), problems);

@@ -1,7 +1,6 @@
 // The demo's headless session run as a program: the step lines it prints, the files it
-// writes, and how it reports bad input. Also the pane layout it arranges.
+// writes, the layout it saves and restores, and how it reports bad input.
 
-#include "Layout.hpp"
 #include "support/TempDir.hpp"
 
 #include <gtest/gtest.h>
@@ -9,6 +8,7 @@
 #include <vesk/graphics.hpp>
 
 #include <array>
+#include <cctype>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
@@ -71,6 +71,12 @@ vesk::TamSize PictureSize(const std::string& path)
     return picture.GetSize();
 }
 
+std::string ReadFile(const std::string& path)
+{
+    std::ifstream in(path);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
 TEST(DemoSession, PlaysEveryStepAndWritesReadablePictures)
 {
     vesk::test::TempDir dir;
@@ -80,17 +86,20 @@ TEST(DemoSession, PlaysEveryStepAndWritesReadablePictures)
     ASSERT_EQ(run.status, 0) << run.out;
 
     const auto steps = Lines(run.out, "step ");
-    ASSERT_GE(steps.size(), 15u) << run.out;
+    ASSERT_GE(steps.size(), 25u) << run.out;
     for (size_t i = 0; i < steps.size(); ++i)
         EXPECT_EQ(steps[i].rfind("step " + std::to_string(i + 1) + ": ", 0), 0u) << steps[i];
+    // The step list written beside the pictures is the same.
+    std::string listed;
+    for (const std::string& step : steps)
+        listed += step + "\n";
+    EXPECT_EQ(ReadFile(dir.File("steps.txt")), listed);
 
     // Each sample is read with its true size; the damaged files are named, the run goes on.
     for (const char* expected : {"selected lake.png (320 x 200)", "selected dunes.jpg (400 x 260)",
                                  "selected meadow.bmp (160 x 120)", "selected dusk.tif (240 x 240)",
                                  "selected wheel.gif (96 x 96)", "problem: cannot read the picture damaged.png",
-                                 "problem: cannot read the animation damaged.gif",
-                                 "F1: Folder hidden and shown", "F3: Properties hidden and shown",
-                                 "F5: Log hidden and shown", "5 of 5 panes returned to their exact place", "played wheel.gif, still playing",
+                                 "problem: cannot read the animation damaged.gif", "played wheel.gif, still playing",
                                  "cannot read the folder", "resized the frame to 720 x 450"})
         EXPECT_NE(run.out.find(expected), std::string::npos) << expected << "\n" << run.out;
     EXPECT_NE(run.out.find("demo: profile: Width \"wide\" is not a usable size"), std::string::npos) << run.out;
@@ -98,26 +107,94 @@ TEST(DemoSession, PlaysEveryStepAndWritesReadablePictures)
     EXPECT_EQ(steps[0].rfind("step 1: opened ", 0), 0u) << steps[0];
     EXPECT_NE(steps[0].find("/pictures: 7 pictures"), std::string::npos) << steps[0];
 
-    for (const char* name : {"01-folder", "02-picture", "03-animation", "04-folder-hidden"}) {
+    // The docking steps, with the panes that must come back exactly where they stood.
+    for (const char* expected :
+         {"F1: Folder hidden and shown, back in its place", "F2: Preview hidden and shown, back in its place",
+          "F3: Properties hidden and shown, back in its place", "F4: Colours hidden and shown, back in its place",
+          "F5: Log hidden and shown, back in its place",
+          ": 5 of 5 panes returned to their exact place\n",
+          "dragged the folder pane's divider 40 pixels right: folder 260 wide",
+          "dragged it back: 5 of 5 panes returned to their exact place\n",
+          "dragged the log pane onto the folder pane's lower edge: docked below it at 220 x ",
+          "dragged it to the frame's bottom edge: docked there at 880 x ",
+          "dragged the properties pane over the preview: floating at 246 x ",
+          "saved the pane layout and restored it into a new browser window: 5 of 5 panes took their exact place\n",
+          "dragged the properties pane from its mini-frame onto the colours pane's upper edge: docked",
+          "pinned the colours pane off: a tab in the right strip",
+          "slid it out with its tab and pinned it back: docked, 5 of 5 panes returned to their exact place\n",
+          "resized it back to 880 x 540: 5 of 5 panes returned to their exact place\n"})
+        EXPECT_NE(run.out.find(expected), std::string::npos) << expected << "\n" << run.out;
+
+    for (const char* name : {"01-folder", "02-picture", "03-animation", "04-folder-hidden", "06-dragging",
+                             "08-floating", "09-restored"}) {
         const vesk::TamSize size = PictureSize(dir.File(std::string(name) + ".png"));
         EXPECT_EQ(size.Width(), 880) << name;
         EXPECT_EQ(size.Height(), 540) << name;
     }
-    EXPECT_EQ(PictureSize(dir.File("05-resized.png")).Width(), 720);
-    // Screenshots are composed from every visible pane: the title strips of the folder, the
-    // colours and the log pane are where the layout puts them.
-    constexpr int64_t kTitle = 0x2E4A6E;
-    EXPECT_EQ(PixelAt(dir.File("01-folder.png"), 100, 5), kTitle);
-    EXPECT_EQ(PixelAt(dir.File("01-folder.png"), 860, 216 + 5), kTitle);
-    EXPECT_EQ(PixelAt(dir.File("01-folder.png"), 100, 432 + 5), kTitle);
-    EXPECT_NE(PixelAt(dir.File("01-folder.png"), 100, 30), kTitle);
-    EXPECT_EQ(PictureSize(dir.File("session.gif")).Width(), 352);
+    EXPECT_EQ(PictureSize(dir.File("10-resized.png")).Width(), 720);
+    // Screenshots are composed from every visible window: the captions of the folder and
+    // the log pane where the default layout docks them, the preview's title strip between.
+    constexpr int64_t kCaption = 0xC8D0D8, kTitle = 0x2E4A6E;
+    const std::string first = dir.File("01-folder.png");
+    EXPECT_EQ(PixelAt(first, 100, 5), kCaption);
+    EXPECT_EQ(PixelAt(first, 100, 432 + 5), kCaption);
+    EXPECT_EQ(PixelAt(first, 400, 5), kTitle);
+    EXPECT_NE(PixelAt(first, 100, 30), kCaption);
+    // The colour table's first swatch: the colours pane is docked below the properties pane.
+    EXPECT_EQ(PixelAt(first, 645, 264), 0x000000);
+    // With the folder hidden, the preview's title strip reaches the left edge.
+    EXPECT_EQ(PixelAt(dir.File("04-folder-hidden.png"), 100, 5), kTitle);
+    // The floating pane over the preview, in the screenshot and in the restored window: its
+    // caption, and the properties pane's own background below the rows (the body is made
+    // again in the mini-frame, not left behind in the dock host).
+    constexpr int64_t kBody = 0xFAFAFA;
+    for (const char* name : {"08-floating.png", "09-restored.png"}) {
+        EXPECT_EQ(PixelAt(dir.File(name), 440, 140), kCaption) << name;
+        EXPECT_EQ(PixelAt(dir.File(name), 440, 320), kBody) << name;
+    }
+    EXPECT_LT(PictureSize(dir.File("session.gif")).Width(), 300);
 
-    // The folder and size of this run were saved over the damaged profile.
-    std::ifstream ini(dir.File("demo.ini"));
-    const std::string profile((std::istreambuf_iterator<char>(ini)), std::istreambuf_iterator<char>());
-    EXPECT_NE(profile.find("Width=720"), std::string::npos) << profile;
+    // The folder, the size of this run and the saved layout's mark were written over the
+    // damaged profile; the layout itself is in the settings store kept in the output folder.
+    const std::string profile = ReadFile(dir.File("demo.ini"));
+    EXPECT_NE(profile.find("Width=880"), std::string::npos) << profile;
     EXPECT_NE(profile.find("LastFolder="), std::string::npos) << profile;
+    EXPECT_NE(profile.find("LayoutSaved=1"), std::string::npos) << profile;
+    EXPECT_NE(ReadFile(dir.File("vesk/settings.ini")).find("PictureBrowserDockingManager-0"), std::string::npos);
+}
+
+TEST(DemoSession, SavedLayoutIsRestoredOnStartAndADamagedOneIsReported)
+{
+    vesk::test::TempDir dir;
+    const DemoRun first = RunDemo("--headless " + dir.Path());
+    ASSERT_EQ(first.status, 0) << first.out;
+    EXPECT_TRUE(Lines(first.out, "demo: restored").empty()) << first.out;
+
+    // The first run ended with the log band taller than the default: the second starts so.
+    const DemoRun second = RunDemo("--headless " + dir.Path());
+    ASSERT_EQ(second.status, 0) << second.out;
+    EXPECT_EQ(Lines(second.out, "demo: restored the saved pane layout").size(), 1u) << second.out;
+    EXPECT_NE(second.out.find("dragged the folder pane's divider 40 pixels right: folder 260 wide, preview 364 x 400"),
+              std::string::npos)
+        << second.out;
+
+    // Every byte of the saved layout value damaged, while the folder pane's own section says
+    // it was hidden: one line, the default layout with every pane shown, the session runs.
+    std::string store = ReadFile(dir.File("vesk/settings.ini"));
+    const std::string visible = "BasePane-1]\nIsVisible=dword:1";
+    ASSERT_NE(store.find(visible), std::string::npos) << store;
+    store.replace(store.find(visible) + visible.size() - 1, 1, "0");
+    const std::string key = "DockingPaneAndPaneDividers=hex:";
+    const size_t at = store.find(key);
+    ASSERT_NE(at, std::string::npos) << store;
+    for (size_t i = at + key.size(); i < store.size() && std::isxdigit(static_cast<unsigned char>(store[i])); ++i)
+        store[i] = 'F';
+    std::ofstream(dir.File("vesk/settings.ini")) << store;
+    const DemoRun damaged = RunDemo("--headless " + dir.Path());
+    ASSERT_EQ(damaged.status, 0) << damaged.out;
+    EXPECT_EQ(Lines(damaged.out, "demo: the saved pane layout cannot be read, using the default layout").size(), 1u)
+        << damaged.out;
+    EXPECT_NE(damaged.out.find("folder 260 wide, preview 364 x 427"), std::string::npos) << damaged.out;
 }
 
 TEST(DemoSession, JobsThatCannotBeDoneFailWithOneLine)
@@ -135,68 +212,6 @@ TEST(DemoSession, JobsThatCannotBeDoneFailWithOneLine)
 
     const DemoRun badOption = RunDemo("--frobnicate");
     EXPECT_EQ(badOption.status, 2);
-}
-
-using demo::Box;
-using demo::ComputeLayout;
-
-int64_t Area(const Box& b)
-{
-    return int64_t(b.width) * b.height;
-}
-
-bool Overlap(const Box& a, const Box& b)
-{
-    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
-}
-
-TEST(DemoLayout, VisiblePanesTileTheAreaWithoutOverlap)
-{
-    for (const auto& [w, h] : {std::pair{880, 540}, {721, 451}, {3, 7}, {1999, 1001}}) {
-        for (int mask = 0; mask < 32; ++mask) {
-            demo::PaneVisibility visible{};
-            for (int i = 0; i < demo::PANE_COUNT; ++i)
-                visible[i] = mask & (1 << i);
-            const demo::PaneBoxes boxes = ComputeLayout(w, h, visible);
-            for (int i = 0; i < demo::PANE_COUNT; ++i) {
-                if (!visible[i]) {
-                    EXPECT_EQ(Area(boxes[i]), 0) << mask;
-                }
-                EXPECT_GE(boxes[i].x, 0);
-                EXPECT_GE(boxes[i].y, 0);
-                EXPECT_LE(boxes[i].x + boxes[i].width, w);
-                EXPECT_LE(boxes[i].y + boxes[i].height, h);
-                for (int j = i + 1; j < demo::PANE_COUNT; ++j)
-                    EXPECT_FALSE(Overlap(boxes[i], boxes[j])) << w << "x" << h << " mask " << mask << " " << i << "/" << j;
-            }
-            if (mask == 31) {
-                int64_t total = 0;
-                for (const Box& b : boxes)
-                    total += Area(b);
-                EXPECT_EQ(total, int64_t(w) * h) << w << "x" << h;
-            }
-        }
-    }
-}
-
-TEST(DemoLayout, ProportionsAndSharedColumn)
-{
-    const demo::PaneBoxes all = ComputeLayout(1000, 500, {true, true, true, true, true});
-    EXPECT_EQ(all[demo::PANE_FOLDER], (Box{0, 0, 250, 400}));
-    EXPECT_EQ(all[demo::PANE_PREVIEW], (Box{250, 0, 470, 400}));
-    EXPECT_EQ(all[demo::PANE_PROPERTIES], (Box{720, 0, 280, 200}));
-    EXPECT_EQ(all[demo::PANE_COLOURS], (Box{720, 200, 280, 200}));
-    EXPECT_EQ(all[demo::PANE_LOG], (Box{0, 400, 1000, 100}));
-
-    // Colours hidden: properties takes the whole right column, the others stay where they were.
-    const demo::PaneBoxes noColours = ComputeLayout(1000, 500, {true, true, true, false, true});
-    EXPECT_EQ(noColours[demo::PANE_PROPERTIES], (Box{720, 0, 280, 400}));
-    EXPECT_EQ(noColours[demo::PANE_PREVIEW], all[demo::PANE_PREVIEW]);
-    // No log: the top row takes the full height.
-    EXPECT_EQ(ComputeLayout(1000, 500, {true, true, false, false, false})[demo::PANE_PREVIEW], (Box{250, 0, 750, 500}));
-    // A negative size places nothing.
-    for (const Box& b : ComputeLayout(-5, -5, {true, true, true, true, true}))
-        EXPECT_EQ(Area(b), 0);
 }
 
 } // namespace
