@@ -1,6 +1,7 @@
 #include "Report.hpp"
 
 #include <cstdio>
+#include <utility>
 
 namespace vesk::fidelity {
 
@@ -160,25 +161,45 @@ void WriteJson(std::ostream& out, int32_t seeds, const Summaries& s, const std::
     out << "{\n  \"seeds\": " << seeds << ",\n  \"operations\": {\n";
     for (size_t k = 0; k < s.size(); ++k) {
         const OpSummary& m = s[k];
-        out << "    \"" << OpName(m.kind) << "\": {\"runs\": " << m.runs << ", \"skipped\": " << m.skipped
-            << ", \"pane_runs\": " << m.paneRuns << ", \"pane_exact\": " << m.paneExact
-            << ", \"pane_within_1px\": " << m.paneWithin1 << ", \"simple_runs\": " << m.simpleRuns
-            << ", \"simple_within_1px\": " << m.simpleWithin1 << ", \"all_within_1px\": " << m.allWithin1
-            << ", \"panes_seen\": " << m.panesSeen << ", \"panes_exact\": " << m.panesExact
-            << ", \"displacement\": {\"p50\": " << Percentile(m.displacements, 50)
-            << ", \"p90\": " << Percentile(m.displacements, 90) << ", \"p99\": " << Percentile(m.displacements, 99)
-            << ", \"max\": " << Percentile(m.displacements, 100) << "}, \"overlaps\": " << m.overlaps
-            << ", \"min_sizes_broken\": " << m.minBroken << ", \"lost\": " << m.lost
-            << ", \"float_again\": " << m.floatAgain << ", \"float_again_identical\": " << m.floatAgainIdentical
-            << ", \"layout_values\": " << m.layoutValues
-            << ", \"layout_values_identical\": " << m.layoutValuesIdentical << ", \"mini_frames\": " << m.frames << ", \"mini_frames_reachable\": " << m.framesReachable
-            << ", \"cycles\": " << m.cycles << ", \"cycles_returned\": " << m.cyclesReturned
-            << ", \"cycles_all_back\": " << m.cyclesAllBack
-            << ", \"clean_chains\": " << m.cleanChains << ", \"max_drift\": " << m.maxDrift << ", \"steps\": {";
-        for (size_t k = 1; k < kStepCount; ++k)
-            out << "\"" << StepName(static_cast<DockPlacementStep>(k)) << "\": " << m.steps[k] << (k + 1 < kStepCount ? ", " : "");
-        out << "}}"
-            << (k + 1 < s.size() ? "," : "") << "\n";
+        const std::pair<const char*, int32_t> fields[] = {
+            {"runs", m.runs},
+            {"skipped", m.skipped},
+            {"pane_runs", m.paneRuns},
+            {"pane_exact", m.paneExact},
+            {"pane_within_1px", m.paneWithin1},
+            {"simple_runs", m.simpleRuns},
+            {"simple_within_1px", m.simpleWithin1},
+            {"all_within_1px", m.allWithin1},
+            {"panes_seen", m.panesSeen},
+            {"panes_exact", m.panesExact},
+            {"p50", Percentile(m.displacements, 50)},
+            {"p90", Percentile(m.displacements, 90)},
+            {"p99", Percentile(m.displacements, 99)},
+            {"max", Percentile(m.displacements, 100)},
+            {"overlaps", m.overlaps},
+            {"min_sizes_broken", m.minBroken},
+            {"lost", m.lost},
+            {"float_again", m.floatAgain},
+            {"float_again_identical", m.floatAgainIdentical},
+            {"layout_values", m.layoutValues},
+            {"layout_values_identical", m.layoutValuesIdentical},
+            {"mini_frames", m.frames},
+            {"mini_frames_reachable", m.framesReachable},
+            {"cycles", m.cycles},
+            {"cycles_returned", m.cyclesReturned},
+            {"cycles_all_back", m.cyclesAllBack},
+            {"clean_chains", m.cleanChains},
+            {"max_drift", m.maxDrift},
+        };
+        out << "    \"" << OpName(m.kind) << "\": {";
+        for (const auto& [name, value] : fields)
+            out << "\"" << name << "\": " << value << ", ";
+        out << "\"steps\": {";
+        for (size_t step = 1; step < kStepCount; ++step) {
+            out << "\"" << StepName(static_cast<DockPlacementStep>(step)) << "\": " << m.steps[step]
+                << (step + 1 < kStepCount ? ", " : "");
+        }
+        out << "}}" << (k + 1 < s.size() ? "," : "") << "\n";
     }
     out << "  },\n  \"goals\": [\n";
     for (size_t i = 0; i < goals.size(); ++i) {
@@ -210,8 +231,8 @@ void WriteTable(std::ostream& out, int32_t seeds, const Summaries& s, const std:
     out << "\nPlacement steps (hide/show, float/redock, chain cycles)\n";
     for (size_t k = 1; k < kStepCount; ++k) {
         std::snprintf(line, sizeof line, "  %-15s %6d %6d %6d\n", StepName(static_cast<DockPlacementStep>(k)),
-                      s[static_cast<size_t>(OpKind::HideShow)].steps[k], s[static_cast<size_t>(OpKind::FloatRedock)].steps[k],
-                      s[static_cast<size_t>(OpKind::Chain)].steps[k]);
+                      Of(s, OpKind::HideShow).steps[k], Of(s, OpKind::FloatRedock).steps[k],
+                      Of(s, OpKind::Chain).steps[k]);
         out << line;
     }
     out << "\nGoals\n";
