@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-// Key codes. The library keeps the original platform's virtual-key numbers as its key codes;
+// Key codes. The library's key codes are its virtual-key numbers (VK_*);
 // display backends translate native key events into them.
 namespace vesk::platform {
 
