@@ -109,7 +109,7 @@ void Container::FreeBlocks()
     }
 }
 
-// The copy keeps the original's block layout, so its current position is the same block and index.
+// The copy keeps the source's block layout, so its current position is the same block and index.
 void Container::CopyBlocks(const Container& other)
 {
     CBlock* prev = nullptr;

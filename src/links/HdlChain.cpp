@@ -21,7 +21,7 @@ int32_t HdlChain::Call(void* data)
     if (m_bCalling)
         return 0;
     m_bCalling = true;
-    // The sum wraps like the original's 32-bit long.
+    // The sum wraps around at 32 bits.
     uint32_t sum = 0;
     auto item = m_aLinks.begin();
     while (item != m_aLinks.end()) {

@@ -11,7 +11,7 @@
 
 namespace vesk {
 
-// The integer value of a key, read as the original's profile reader reads it: an optional
+// The integer value of a key, read like a profile integer: an optional
 // '-' and decimal digits, anything after them ignored; absent when the key is missing or
 // holds no digits.
 std::optional<int32_t> IntlNumber(const platform::IntlKeys& keys, const char* key);

@@ -41,7 +41,7 @@ struct FileAttributes {
 // Reads the status of `path` (a symbolic link is followed); false when it cannot be read.
 bool QueryAttributes(const char* path, FileAttributes& out);
 
-// Drive types in the numbering of the original platform.
+// Drive types, numbered as GetDriveType reports them.
 enum DriveType : uint32_t {
     DRIVE_TYPE_UNKNOWN = 0,   // the mount table cannot be read
     DRIVE_TYPE_NO_ROOT = 1,   // the path is missing or is no mount point

@@ -1,8 +1,7 @@
 #pragma once
 
 // The system settings with the user's own overrides: an [intl] section in the user's profile
-// file (<config directory>/vesk/profile.ini, the counterpart of the original platform's
-// system profile) replaces single keys of those derived from the locale, for example
+// file (<config directory>/vesk/profile.ini) replaces single keys of those derived from the locale, for example
 //
 //   [intl]
 //   sShortDate=yyyy-MM-dd

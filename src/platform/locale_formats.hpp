@@ -1,6 +1,6 @@
 #pragma once
 
-// Translation of POSIX locale data into the original platform's regional-settings values:
+// Translation of POSIX locale data into the library's regional-settings values:
 // strftime formats into date pictures and clock settings, monetary layout flags into
 // currency format codes. Pure functions, no locale is consulted.
 //

@@ -12,7 +12,7 @@ namespace vesk::platform {
 // ignored): the identifier of language and territory; for a territory without one, the
 // language's neutral identifier (its primary language, "de_BE" gives 7); for the C and POSIX
 // locales 1033, the US-English identifier; for a language without an identifier 0x1000, the
-// identifier the original platform gives locales it has no number for.
+// identifier for locales without a number of their own.
 uint32_t LcidFromLocaleName(std::string_view name);
 
 } // namespace vesk::platform

@@ -1,7 +1,7 @@
 #pragma once
 
-// The user's regional settings, derived from the process's POSIX locale under the original
-// platform's "intl" profile key names. Each category is read from the locale in force for it:
+// The user's regional settings, derived from the process's POSIX locale under the "intl"
+// profile key names. Each category is read from the locale in force for it:
 // the process's own when the program has set one other than C or POSIX (setlocale), else the
 // one the environment names (LC_ALL, then LC_TIME, LC_NUMERIC, ..., then LANG). A category
 // whose locale is C, POSIX or missing on the machine contributes no keys.

@@ -1,9 +1,8 @@
 #pragma once
 
-// The private-profile functions of the original platform over the profile engine: wide
-// (UTF-16) names and values, files in UTF-8 (see ProfileDocument for the format). A file name
-// without '/' names a file in the user's config directory, as a bare name on the original
-// platform names one in its system directory.
+// The private-profile functions over the profile engine: wide (UTF-16) names and values,
+// files in UTF-8 (see ProfileDocument for the format). A file name without '/' names a file
+// in the user's config directory.
 
 
 #include <cstdint>

@@ -60,7 +60,7 @@ T Saturated(const ParsedInteger& parsed)
     return T(parsed.magnitude);
 }
 
-// atoi and atol of the original platform, where both are 32 bits wide.
+// atoi and atol with a 32-bit result for both.
 int32_t Atol(const char* text)
 {
     return Saturated<int32_t>(ParseInteger(text));

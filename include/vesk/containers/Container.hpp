@@ -6,7 +6,7 @@
 
 namespace vesk {
 
-// Positions, counts and keys are the original's 32-bit `unsigned long`: uint32_t here.
+// Positions, counts and keys are 32-bit unsigned (uint32_t).
 inline constexpr uint16_t CONTAINER_MAXBLOCKSIZE = 16368;
 inline constexpr uint32_t CONTAINER_APPEND = 0xFFFFFFFF;
 inline constexpr uint32_t CONTAINER_ENTRY_NOTFOUND = 0xFFFFFFFF;

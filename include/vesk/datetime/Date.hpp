@@ -22,7 +22,7 @@ enum DayOfWeek {
 // not validated (IsValid says whether they form a real date). Arithmetic goes through the day
 // number of the proleptic Gregorian calendar (1 January of year 1 is day 1), which is 0 for
 // years outside 1 to 3000, months above 12 and days above 31; day numbers 1 to 364 map back to
-// year 0. Raw values and day counts are 32-bit unsigned (the original's unsigned long) and
+// year 0. Raw values and day counts are 32-bit unsigned and
 // wrap around at 32 bits.
 class VESK_API Date {
 public:

@@ -11,7 +11,7 @@ namespace vesk {
 // A time of day or a signed duration held as the signed 32-bit number hhmmsscc (hundredths);
 // a negative value is a negative duration whose magnitude holds the fields. Hours are not
 // limited to a day; the largest magnitude is 2147 hours. Arithmetic goes through counts of
-// hundredths and wraps around at 32 bits (raw values are the original's 32-bit long).
+// hundredths and wraps around at 32 bits (raw values are 32-bit signed).
 class VESK_API Time {
 public:
     // The current local time of day from the system clock, hundredths 0.

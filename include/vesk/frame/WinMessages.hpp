@@ -1,8 +1,7 @@
 #pragma once
 
-// The library's message numbers, key-state bits and virtual-key codes. They keep the numbers
-// of the platform the library comes from, so hooks, handlers and applications see the same
-// values on every display.
+// The library's message numbers, key-state bits and virtual-key codes. The numbers are fixed,
+// so hooks, handlers and applications see the same values on every display.
 
 #include <cstdint>
 

@@ -50,13 +50,12 @@ class VESK_API Bitmap
 public:
     // An empty bitmap (no record).
     Bitmap();
-    // A copy of the pixels as the opaque view (the platform bitmap's counterpart); alpha is
-    // ignored. Empty for a size that cannot be held or a null pointer.
+    // A copy of the pixels as the opaque view; alpha is ignored. Empty for a size that cannot be held or a null pointer.
     explicit Bitmap(const BitmapPixels& opaque);
     // An icon: the colour pixels with the mask applied (mask pixels that are not black are
     // transparent, as an icon's AND mask), as the picture.
     Bitmap(const BitmapPixels& color, const BitmapPixels& mask);
-    // A copy of an off-screen device's picture (the framework bitmap's counterpart).
+    // A copy of an off-screen device's picture.
     explicit Bitmap(VirtualDevice& device);
     // Adopts premultiplied ARGB pixels (width * height words) as the picture; empty when the
     // count does not match the size.
@@ -116,7 +115,7 @@ public:
     // fully transparent pixel has no colour left to keep and stays black.
     void MakeTransparent(int opacityPercent);
     // Keys this picture through `mask`: each pixel whose pixel at the same place of the mask's
-    // picture has the platform colour value `color` (red in the low byte; alpha ignored)
+    // picture has the colour value `color` (0x00BBGGRR: red in the low byte; alpha ignored)
     // becomes transparent black. Only the part both pictures cover is looked at.
     void MakeTransparent(Bitmap& mask, unsigned long color);
     // A picture of `size` in fully transparent black; empty for a size that cannot be held.
@@ -150,7 +149,7 @@ public:
     // The opaque view: the picture composited over `background` (made when absent); an empty
     // view without a picture. Valid while the record lives and its picture is not changed.
     BitmapPixels GetHBitmap(const TamColor& background = TamColor(0xFF00FFu));
-    // The opaque view as GetHBitmap gives it (the original handed out a temporary wrapper).
+    // The opaque view, the same as GetHBitmap(background).
     BitmapPixels GetPTempCBitmap(const TamColor& background) { return GetHBitmap(background); }
     // Replaces the opaque view by a copy of `opaque`; the picture stays.
     void SetHBitmap(const BitmapPixels& opaque);

@@ -21,7 +21,7 @@ enum class BrushKind : uint8_t {
     Bitmap,   // a picture repeated from the device's origin
 };
 
-// The platform's hatch patterns, numbered as it numbers them.
+// The hatch patterns, with fixed numbers (0 to 5).
 enum class HatchStyle : uint8_t {
     Horizontal = 0,
     Vertical = 1,

@@ -24,7 +24,7 @@ enum class LineCap : int32_t {
 };
 
 // The outline tool: colour, width in pixels, style and end cap. A width of 0 or less draws
-// the thinnest line the device has (one pixel), as the platform's cosmetic pens do.
+// the thinnest line the device has (one pixel).
 class VESK_API Pen
 {
 public:

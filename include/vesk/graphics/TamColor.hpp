@@ -65,7 +65,8 @@ public:
     double GetLuminance() const;
     // The grey of the same brightness (weights 0.3, 0.6, 0.1).
     TamColor GetGrayValue() const;
-    // GDI+ ARGB value with alpha = opacityPercent * 255 / 100 (integer, low 8 bits).
+    // 0xAARRGGBB (straight colour) with alpha = opacityPercent * 255 / 100 (32-bit integer
+    // arithmetic, low 8 bits).
     uint32_t GetGdiplusColor(int opacityPercent) const;
     // "#RRGGBB" with upper-case hexadecimal digits.
     SString GetHTMLStr() const;

@@ -7,8 +7,7 @@
 
 namespace vesk {
 
-// A callback: an object and a handler to call on it with one `void*`, returning a 32-bit result
-// (the original's `long`).
+// A callback: an object and a handler to call on it with one `void*`, returning a 32-bit result.
 //
 // The handler is stored as one plain function pointer taking the object and the data. A member
 // function of any class is stored through a small forwarding function generated per member by

@@ -31,8 +31,7 @@ struct IntlData;
 // UTF-8) and the English button texts, which the system has no source for. The system
 // country's orders, separators and clock come from the locale's formats.
 //
-// The original's 32-bit `long` amounts are int32_t here; the magnitude of INT32_MIN wraps to
-// itself as it did there, so GetCurr(INT32_MIN) keeps a '-' inside the amount.
+// Amounts are int32_t; the magnitude of INT32_MIN wraps to itself, so GetCurr(INT32_MIN) keeps a '-' inside the amount.
 class VESK_API International {
 public:
     // The user's system language and country.

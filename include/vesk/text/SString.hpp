@@ -35,10 +35,8 @@ struct SStringData;
 // strings may be copied, assigned and appended from several threads at once. A flag marks the
 // bytes as UTF-8; otherwise they are in the system's 8-bit code page.
 //
-// Integer widths follow the original 32-bit platform, where `long` has 32 bits: its `long`
-// members are the `int` and `unsigned int` ones here (same text, and `operator int` is its
-// `operator long`, saturating at 32 bits like atol); its 64-bit members take int64_t and
-// uint64_t, so a Linux `long` argument is formatted (or appended) in full.
+// Integer members are 32 bits wide (`int` and `unsigned int`; `operator int` saturates at 32
+// bits like atol); the 64-bit members take int64_t and uint64_t, so a Linux `long` argument is formatted (or appended) in full.
 class VESK_API SString {
 public:
     // The empty string (the shared empty record, never allocated).

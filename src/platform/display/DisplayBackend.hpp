@@ -2,7 +2,7 @@
 
 // The display backend: the one seam between the library's windows and a windowing system.
 // Backends create native windows, hand out surfaces to paint into and turn native events into
-// the library's message numbers with the original parameter packing, delivered to the one
+// the library's message numbers with their documented parameter packing, delivered to the one
 // window procedure. They never touch library objects (Window, router, DCManager).
 
 #include <vesk/frame/NativeWindow.hpp>
