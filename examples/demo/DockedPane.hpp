@@ -15,8 +15,8 @@ enum PaneId : int { PANE_FOLDER, PANE_PREVIEW, PANE_PROPERTIES, PANE_COLOURS, PA
 using PaneRects = std::array<vesk::CRectangle, PANE_COUNT>;
 
 // One of the browser's panes in the docking framework: the framework draws the caption,
-// docks, floats and hides it, and the browser's pane fills the body. Docked and floating
-// panes live in different native windows, so the body is made again in each new one.
+// docks, floats and hides it, and the browser's pane fills the body, made once in the pane's
+// native window (which moves with it between the dock host and a mini-frame).
 class DockedPane : public vesk::TamDockablePane
 {
 public:

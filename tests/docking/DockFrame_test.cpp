@@ -174,6 +174,10 @@ TEST_F(DockLayoutTest, PrintPreviewHidesThePanesAndShowsThemAgain)
 TEST_F(DockLayoutTest, FloatingAndRedocking)
 {
     const std::vector<CRectangle> start = Rects();
+    // The pane keeps its native window, and what lives in it, wherever it goes.
+    const NativeWindow handle = right->GetCWnd()->GetSafeHwnd();
+    CWnd inner;
+    ASSERT_TRUE(inner.Create(WndKind::Child, right->GetCWnd(), TamPoint(2, 3), TamSize(4, 5)));
     // Partly off the screen: the mini-frame is moved back onto it.
     ASSERT_TRUE(right->FloatAt(CRectangle(-100, 50, 200, 250)));
     EXPECT_TRUE(right->IsFloating());
@@ -185,6 +189,9 @@ TEST_F(DockLayoutTest, FloatingAndRedocking)
     EXPECT_EQ(mini.Left(), 0);
     EXPECT_EQ(Width(mini), 300);
     EXPECT_EQ(right->GetCWnd()->GetParent(), frames[0]);
+    EXPECT_EQ(right->GetCWnd()->GetSafeHwnd(), handle);
+    EXPECT_EQ(inner.GetWindowRect().Left(), right->GetScreenRect().Left() + 2);
+    EXPECT_EQ(inner.GetWindowRect().Top(), right->GetScreenRect().Top() + 3);
     EXPECT_EQ(manager->GetModel().GetPaneCount(), 3u);
     EXPECT_EQ(Rects(), SolverRects());
 
@@ -204,6 +211,10 @@ TEST_F(DockLayoutTest, FloatingAndRedocking)
     EXPECT_TRUE(frames.empty());
     EXPECT_FALSE(right->GetMiniFrameScreenRect(mini));
     EXPECT_EQ(right->GetCWnd()->GetParent(), manager->GetHost());
+    EXPECT_EQ(right->GetCWnd()->GetSafeHwnd(), handle);
+    ASSERT_NE(inner.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(inner.GetWindowRect().Left(), right->GetScreenRect().Left() + 2);
+    EXPECT_EQ(inner.GetWindowRect().Top(), right->GetScreenRect().Top() + 3);
     // It went in next to the free space, inside the bottom band, as it was.
     EXPECT_EQ(Rects(), start);
 }

@@ -19,7 +19,7 @@ inline constexpr uint32_t PANE_DEFAULT_STATE_ID = 0xFFFFFFFF;
 
 // A dockable pane: a caption (title, close and pin buttons) over the body where its library
 // window lives. Docked, it is a child of its manager's dock host; floating, a child of a
-// mini-frame. Its native window is made anew when it moves between the two.
+// mini-frame. Its native window moves between the two with its children.
 class VESK_API TamDockablePane : public Window, public DockablePane {
 public:
     TamDockablePane();
@@ -104,7 +104,7 @@ public:
     CRectangle GetPinButtonRect() const;
 
 protected:
-    // Called each time the native window was made (again).
+    // Called once the pane's native window exists: the place to make the library window in it.
     virtual void OnNativeWindowMade() {}
     void Paint(const CRectangle& rect) override;
     void MouseButtonDown(const MouseEvent& event) override;
@@ -113,8 +113,6 @@ private:
     friend class TamDockingManager;
     friend class TamDockParentWnd;
     enum class State : uint8_t { Hidden, Docked, Floating, AutoHidden };
-    // Makes the native window anew as a child of `parent` at `rect` (parent's client coordinates).
-    bool Remake(CWnd* parent, const CRectangle& rect);
     void PlaceAt(const CRectangle& rect);
     void FitLibraryWindow();
     void DropMiniFrame();

@@ -19,7 +19,7 @@ TamDockablePane::~TamDockablePane()
 {
     if (m_pManager)
         m_pManager->ForgetPane(*this);
-    m_pManager = nullptr; // nothing to make again in the host
+    m_pManager = nullptr; // a floating pane's window goes with its mini-frame
     DropMiniFrame();
     m_aWnd.DestroyWindow();
 }
@@ -37,20 +37,12 @@ bool TamDockablePane::Create(TamDockingManager& manager, const SString& name, co
     m_pManager = &manager;
     if (m_nCtrlId == 0)
         m_nCtrlId = manager.m_nNextCtrlId++;
-    if (!Remake(manager.GetHost(), CRectangle(0, 0, 0, 0))) {
+    if (!m_aWnd.Create(WndKind::Child, manager.GetHost(), TamPoint(0, 0), TamSize(0, 0),
+                       static_cast<const char*>(m_sName))) {
         manager.ForgetPane(*this);
         m_pManager = nullptr;
         return false;
     }
-    return true;
-}
-
-bool TamDockablePane::Remake(CWnd* parent, const CRectangle& rect)
-{
-    m_aWnd.DestroyWindow();
-    if (!m_aWnd.Create(WndKind::Child, parent, rect.TopLeft(),
-                       TamSize(rect.Right() - rect.Left(), rect.Bottom() - rect.Top()), static_cast<const char*>(m_sName)))
-        return false;
     SetAsWrap(&m_aWnd);
     OnNativeWindowMade();
     return true;
@@ -180,7 +172,7 @@ bool TamDockablePane::Float(const CRectangle& rect)
     if (!frame->Create(rect, m_pManager->GetHost()->GetParent()))
         return false;
     const TamSize size = frame->GetClientSize();
-    if (!Remake(frame.get(), CRectangle(0, 0, size.Width(), size.Height())))
+    if (!m_aWnd.SetParent(frame.get(), TamPoint(0, 0)) || !m_aWnd.MoveWindow(0, 0, size.Width(), size.Height()))
         return false;
     m_pMiniFrame = frame.release();
     m_aRecentFloat = m_pMiniFrame->GetWindowRect();
@@ -198,9 +190,11 @@ void TamDockablePane::DropMiniFrame()
     m_aRecentFloat = m_pMiniFrame->GetWindowRect();
     TamPaneFrameWnd* frame = m_pMiniFrame;
     m_pMiniFrame = nullptr;
-    delete frame; // destroys the pane's native window with it
+    // The pane's window goes back into the dock host, hidden, before the mini-frame goes.
+    m_aWnd.ShowWindow(SW_HIDE);
     if (m_pManager)
-        Remake(m_pManager->GetHost(), CRectangle(0, 0, 0, 0));
+        m_aWnd.SetParent(m_pManager->GetHost(), TamPoint(0, 0));
+    delete frame;
     if (m_eState == State::Floating)
         m_eState = State::Hidden;
 }
