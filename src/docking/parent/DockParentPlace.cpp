@@ -24,8 +24,8 @@ TamSize MinSizeAt96(const TamSize& min)
     const VeskData* data = GetPVeskData();
     const int32_t dx = data && data->GetResolutionX() > 0 ? data->GetResolutionX() : 96;
     const int32_t dy = data && data->GetResolutionY() > 0 ? data->GetResolutionY() : 96;
-    return TamSize(static_cast<int32_t>((int64_t(min.Width()) * 96 + dx / 2) / dx),
-                   static_cast<int32_t>((int64_t(min.Height()) * 96 + dy / 2) / dy));
+    return TamSize(static_cast<int32_t>(LayoutMulDiv(min.Width(), 96, dx)),
+                   static_cast<int32_t>(LayoutMulDiv(min.Height(), 96, dy)));
 }
 
 bool IsPlaced(const DockPosition& pos)

@@ -31,12 +31,7 @@ bool TamDockParentWnd::IsOwnPane(const TamDockablePane* pane) const
 
 TamDockablePane* TamDockParentWnd::GetPaneOfDockNeighbour(const DockNeighbour* nb) const
 {
-    if (!nb)
-        return nullptr;
-    std::vector<TamDockablePane*> panes;
-    m_rManager.FillDockablePaneVec(panes);
-    const auto it = std::find_if(panes.begin(), panes.end(), [nb](const auto* p) { return p->GetName() == nb->GetName(); });
-    return it == panes.end() ? nullptr : *it;
+    return nb ? m_rManager.FindPane(nb->GetName()) : nullptr;
 }
 
 void TamDockParentWnd::MakeRoomInNeighbourHolder(TamDockablePane* pane, uint32_t align)
