@@ -91,7 +91,7 @@ bool DataBuffer::SetBytes(const void* bytes, size_t n)
     if (n < size_t(DATABUFFER_CONTENT_START))
         return false;
     const auto* from = static_cast<const uint8_t*>(bytes);
-    const uint64_t stated = LoadLE32(from);
+    const uint64_t stated = LoadLe32(from);
     const uint64_t present = n - DATABUFFER_CONTENT_START;
     const uint64_t size = std::min(stated, present);
     const uint64_t limit = m_bLarge ? DATABUFFER_LARGE_LIMIT : DATABUFFER_LIMIT;

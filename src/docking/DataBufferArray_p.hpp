@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/LittleEndian.hpp"
 #include "common/SpinLock.hpp"
 
 #include <vesk/docking/DataBuffer.hpp>
@@ -17,18 +18,6 @@ inline constexpr int64_t DATABUFFER_LARGE_LIMIT = 0x7FFFFFF0;
 // The smallest array a buffer makes.
 inline constexpr int32_t DATABUFFER_MIN_ARRAY = 192;
 
-// Little-endian encoding of the stored numbers, independent of the host's byte order.
-inline void StoreLE32(uint8_t* p, uint32_t v)
-{
-    for (int i = 0; i < 4; ++i)
-        p[i] = static_cast<uint8_t>(v >> (8 * i));
-}
-
-inline uint32_t LoadLE32(const uint8_t* p)
-{
-    return uint32_t(p[0]) | uint32_t(p[1]) << 8 | uint32_t(p[2]) << 16 | uint32_t(p[3]) << 24;
-}
-
 // The byte array that buffer copies share: a 16-byte header, then nCap bytes whose first 4
 // hold the content length. nRefs counts the additional owners; it changes under nLock, so
 // buffers that share the array may take and release it from different threads.
@@ -41,8 +30,8 @@ struct DataBufferArray {
     uint8_t* Bytes() { return reinterpret_cast<uint8_t*>(this + 1); }
     const uint8_t* Bytes() const { return reinterpret_cast<const uint8_t*>(this + 1); }
 
-    int32_t ContentSize() const { return static_cast<int32_t>(LoadLE32(Bytes())); }
-    void SetContentSize(int32_t n) { StoreLE32(Bytes(), static_cast<uint32_t>(n)); }
+    int32_t ContentSize() const { return static_cast<int32_t>(LoadLe32(Bytes())); }
+    void SetContentSize(int32_t n) { StoreLe32(Bytes(), static_cast<uint32_t>(n)); }
 
     // A private array of cap bytes (at least the 4 header bytes) whose first `copy` bytes
     // come from `from`; null when memory runs out.

@@ -46,7 +46,7 @@ bool DataBuffer::GetInt32(int32_t& value)
 {
     uint8_t bytes[4];
     const bool complete = GetFixed(bytes, 4);
-    value = static_cast<int32_t>(LoadLE32(bytes));
+    value = static_cast<int32_t>(LoadLe32(bytes));
     return complete;
 }
 
@@ -81,7 +81,7 @@ bool DataBuffer::ReadDouble(double& value)
     uint8_t bytes[8];
     SpinGuard guard(m_nLock);
     const bool complete = GetFixed(bytes, 8);
-    value = std::bit_cast<double>(uint64_t(LoadLE32(bytes)) | uint64_t(LoadLE32(bytes + 4)) << 32);
+    value = std::bit_cast<double>(uint64_t(LoadLe32(bytes)) | uint64_t(LoadLe32(bytes + 4)) << 32);
     return complete;
 }
 

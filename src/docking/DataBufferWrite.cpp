@@ -12,8 +12,8 @@ namespace {
 
 void StoreLE64(uint8_t* p, uint64_t v)
 {
-    StoreLE32(p, static_cast<uint32_t>(v));
-    StoreLE32(p + 4, static_cast<uint32_t>(v >> 32));
+    StoreLe32(p, static_cast<uint32_t>(v));
+    StoreLe32(p + 4, static_cast<uint32_t>(v >> 32));
 }
 
 } // namespace
@@ -80,7 +80,7 @@ bool DataBuffer::WriteInt32(int32_t value)
 bool DataBuffer::WriteUInt32(uint32_t value)
 {
     uint8_t bytes[4];
-    StoreLE32(bytes, value);
+    StoreLe32(bytes, value);
     SpinGuard guard(m_nLock);
     return PutFixed(bytes, 4);
 }
@@ -107,8 +107,8 @@ bool DataBuffer::WriteSize(const TamSize& size)
 bool DataBuffer::WritePoint(const TamPoint& point)
 {
     uint8_t bytes[8];
-    StoreLE32(bytes, static_cast<uint32_t>(point.x));
-    StoreLE32(bytes + 4, static_cast<uint32_t>(point.y));
+    StoreLe32(bytes, static_cast<uint32_t>(point.x));
+    StoreLe32(bytes + 4, static_cast<uint32_t>(point.y));
     SpinGuard guard(m_nLock);
     return PutFixed(bytes, 8);
 }
@@ -118,7 +118,7 @@ bool DataBuffer::WriteRect(const CRectangle& rect)
     uint8_t bytes[16];
     const int32_t edges[4] = {rect.Left(), rect.Top(), rect.Right(), rect.Bottom()};
     for (int i = 0; i < 4; ++i)
-        StoreLE32(bytes + 4 * i, static_cast<uint32_t>(edges[i]));
+        StoreLe32(bytes + 4 * i, static_cast<uint32_t>(edges[i]));
     SpinGuard guard(m_nLock);
     return PutFixed(bytes, 16);
 }
@@ -127,7 +127,7 @@ bool DataBuffer::WriteString(const SString& text)
 {
     const auto n = static_cast<int32_t>(text.Len());
     uint8_t count[4];
-    StoreLE32(count, static_cast<uint32_t>(n));
+    StoreLe32(count, static_cast<uint32_t>(n));
     SpinGuard guard(m_nLock);
     if (m_nStringBudget != DATABUFFER_NO_BUDGET && m_nStringBudget < n)
         return false;
@@ -162,7 +162,7 @@ bool DataBuffer::CloseWriteSection()
     const Section& section = m_aSections[--m_nSections];
     const int32_t end = m_nPos;
     uint8_t length[4];
-    StoreLE32(length, static_cast<uint32_t>(int64_t(end) - section.nStart - 4));
+    StoreLe32(length, static_cast<uint32_t>(int64_t(end) - section.nStart - 4));
     m_nPos = section.nStart;
     PutFixed(length, 4);
     m_nPos = end;

@@ -1,6 +1,7 @@
 // The settings store's names of saved layouts and the encoding of their values.
 #include "docking/frame/DockingRegistry_p.hpp"
 
+#include "common/LittleEndian.hpp"
 #include "platform/settings.hpp"
 #include "platform/user_paths.hpp"
 
@@ -76,8 +77,8 @@ bool WriteRectValue(const std::u16string& path, const char16_t* name, const CRec
 {
     std::array<uint8_t, 16> bytes{};
     const int32_t fields[4] = {rect.Left(), rect.Top(), rect.Right(), rect.Bottom()};
-    for (size_t i = 0; i < 16; ++i)
-        bytes[i] = static_cast<uint8_t>(static_cast<uint32_t>(fields[i / 4]) >> (8 * (i % 4)));
+    for (size_t i = 0; i < 4; ++i)
+        StoreLe32(bytes.data() + 4 * i, static_cast<uint32_t>(fields[i]));
     return platform::settings::WriteBinary(path, name, bytes);
 }
 
@@ -86,11 +87,8 @@ bool ReadRectValue(const std::u16string& path, const char16_t* name, CRectangle&
     std::vector<uint8_t> bytes;
     if (!platform::settings::ReadBinary(path, name, bytes) || bytes.size() != 16)
         return false;
-    uint32_t fields[4] = {};
-    for (size_t i = 0; i < 16; ++i)
-        fields[i / 4] |= uint32_t(bytes[i]) << (8 * (i % 4));
-    rect = CRectangle(static_cast<int32_t>(fields[0]), static_cast<int32_t>(fields[1]),
-                      static_cast<int32_t>(fields[2]), static_cast<int32_t>(fields[3]));
+    const auto field = [&](size_t i) { return static_cast<int32_t>(LoadLe32(bytes.data() + 4 * i)); };
+    rect = CRectangle(field(0), field(1), field(2), field(3));
     return true;
 }
 

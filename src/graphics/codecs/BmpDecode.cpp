@@ -4,7 +4,7 @@
 // file names is taken as it stands, so that a wholly transparent picture survives a round trip.
 #include "graphics/codecs/Argb_p.hpp"
 #include "graphics/codecs/BmpDecode_p.hpp"
-#include "graphics/codecs/LittleEndian_p.hpp"
+#include "common/LittleEndian.hpp"
 
 #include <bit>
 

@@ -3,7 +3,7 @@
 // bit-field masks in a 108-byte header, which readers without alpha support still show.
 #include "graphics/codecs/Argb_p.hpp"
 #include "graphics/codecs/BmpDecode_p.hpp"
-#include "graphics/codecs/LittleEndian_p.hpp"
+#include "graphics/codecs/InfoHeader_p.hpp"
 
 #include <algorithm>
 

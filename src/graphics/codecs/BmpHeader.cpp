@@ -3,7 +3,7 @@
 #include "graphics/codecs/BmpHeader_p.hpp"
 
 #include "graphics/codecs/ImageCodec_p.hpp"
-#include "graphics/codecs/LittleEndian_p.hpp"
+#include "common/LittleEndian.hpp"
 
 #include <algorithm>
 

@@ -12,7 +12,7 @@
 // byte for byte only with that kept.
 #include "graphics/codecs/Argb_p.hpp"
 #include "graphics/codecs/ImageCodec_p.hpp"
-#include "graphics/codecs/LittleEndian_p.hpp"
+#include "graphics/codecs/InfoHeader_p.hpp"
 
 namespace vesk::codecs {
 

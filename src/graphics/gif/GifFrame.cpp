@@ -1,7 +1,7 @@
 #include "graphics/gif/GifReader_p.hpp"
 
 #include "graphics/codecs/GifFormat_p.hpp"
-#include "graphics/codecs/LittleEndian_p.hpp"
+#include "graphics/codecs/InfoHeader_p.hpp"
 
 #include <cstring>
 

@@ -1,50 +1,14 @@
 #pragma once
 
-// Little-endian fields of the BMP and icon file formats: bounded reads from a byte span,
-// appends to a byte vector and the 40-byte bitmap-information header.
+// The 40-byte bitmap-information header of the BMP and icon file formats.
+
+#include "common/LittleEndian.hpp"
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <vector>
 
 namespace vesk::codecs {
-
-// Callers check `offset + width <= bytes.size()` first.
-inline uint16_t ReadLe16(std::span<const uint8_t> bytes, size_t offset)
-{
-    return uint16_t(bytes[offset] | bytes[offset + 1] << 8);
-}
-
-inline uint32_t ReadLe32(std::span<const uint8_t> bytes, size_t offset)
-{
-    return uint32_t(bytes[offset]) | uint32_t(bytes[offset + 1]) << 8 | uint32_t(bytes[offset + 2]) << 16 |
-           uint32_t(bytes[offset + 3]) << 24;
-}
-
-inline void AppendLe16(std::vector<uint8_t>& out, uint16_t value)
-{
-    out.push_back(uint8_t(value));
-    out.push_back(uint8_t(value >> 8));
-}
-
-inline void AppendLe32(std::vector<uint8_t>& out, uint32_t value)
-{
-    for (int shift = 0; shift < 32; shift += 8)
-        out.push_back(uint8_t(value >> shift));
-}
-
-inline void StoreLe16(uint8_t* at, uint16_t value)
-{
-    at[0] = uint8_t(value);
-    at[1] = uint8_t(value >> 8);
-}
-
-inline void StoreLe32(uint8_t* at, uint32_t value)
-{
-    for (int i = 0; i < 4; ++i)
-        at[i] = uint8_t(value >> (8 * i));
-}
 
 // The fields of a bitmap-information header; a negative height stores the rows top-down.
 // `headerBytes` may name a longer header whose first 40 bytes have this layout.
