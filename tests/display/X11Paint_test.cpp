@@ -23,7 +23,7 @@ protected:
             cairo_t* cr = cairo_create(surface);
             scene(cr);
             cairo_destroy(cr);
-            m_backend->EndPaint(window, surface);
+            m_backend->EndPaint(surface);
         };
     }
 
@@ -148,7 +148,7 @@ TEST_F(X11Paint, BackgroundThreadAndUiThreadTakeTurns)
             cairo_rectangle(cr, 0, 0, 60, 45);
             cairo_fill(cr);
             cairo_destroy(cr);
-            m_backend->ReleaseSurface(window, surface);
+            m_backend->ReleaseSurface(surface);
         }
         done = true;
     });
@@ -168,7 +168,7 @@ TEST_F(X11Paint, BackgroundThreadAndUiThreadTakeTurns)
     cairo_rectangle(cr, 0, 0, 60, 45);
     cairo_fill(cr);
     cairo_destroy(cr);
-    m_backend->ReleaseSurface(window, surface);
+    m_backend->ReleaseSurface(surface);
     cairo_surface_t* shown = m_backend->Snapshot(window);
     EXPECT_EQ(cairo_image_surface_get_width(shown), 120);
     EXPECT_EQ(PixelAt(shown, 10, 10), 0xFFFF0000u); // what the last frame drew shows at once
@@ -189,7 +189,7 @@ TEST_F(X11Paint, WindowDestroyedInItsPaintHandler)
         cairo_t* cr = cairo_create(surface);
         cairo_paint(cr); // the surface stays valid until it is given back
         cairo_destroy(cr);
-        m_backend->EndPaint(window, surface);
+        m_backend->EndPaint(surface);
         painted = true;
     };
     ASSERT_TRUE(PumpUntil([&] { return painted; }));
@@ -199,7 +199,7 @@ TEST_F(X11Paint, WindowDestroyedInItsPaintHandler)
     NativeWindow next = ShowWindow(20, 30, 50, 50);
     cairo_surface_t* surface = m_backend->GetSurface(next);
     EXPECT_TRUE(surface);
-    m_backend->ReleaseSurface(next, surface);
+    m_backend->ReleaseSurface(surface);
 }
 
 } // namespace

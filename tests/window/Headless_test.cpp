@@ -126,7 +126,7 @@ TEST_F(HeadlessTest, AChildMovesToAnotherParentWithItsPictureAndChildren)
     cairo_set_source_rgb(cr, 0, 0, 1);
     cairo_paint(cr);
     cairo_destroy(cr);
-    Headless().ReleaseSurface(child.GetSafeHwnd(), s);
+    Headless().ReleaseSurface(s);
 
     ASSERT_TRUE(child.SetParent(&second, TamPoint(7, 8)));
     EXPECT_EQ(child.GetParent(), &second);
@@ -290,7 +290,7 @@ TEST_F(HeadlessTest, PicturesShowWhatWasPainted)
     cairo_rectangle(cr, 1, 1, 1, 1);
     cairo_fill(cr);
     cairo_destroy(cr);
-    Headless().ReleaseSurface(h, s);
+    Headless().ReleaseSurface(s);
 
     const std::string path = ::testing::TempDir() + "/vesk_headless_shot.png";
     ASSERT_TRUE(SaveWindowPicture(h, path.c_str()));
