@@ -1,5 +1,7 @@
 #include "X11Fixture.hpp"
 
+#include "platform/display/x11/connection.hpp"
+
 #include <thread>
 
 namespace vesk::test {
@@ -178,7 +180,14 @@ public:
     ~FakeWindowManager()
     {
         xcb_delete_property(Xcb(), Root(), Atom("_NET_SUPPORTING_WM_CHECK"));
-        xcb_destroy_window(Xcb(), m_check);
+        Crash();
+    }
+    // Goes as a crashed manager does: the check window goes, the root's property stays.
+    void Crash()
+    {
+        if (m_check != XCB_NONE)
+            xcb_destroy_window(Xcb(), m_check);
+        m_check = XCB_NONE;
         Sync();
     }
 
@@ -239,6 +248,28 @@ TEST_F(X11Windows, StateChangesAreRequestsToAWindowManager)
     EXPECT_EQ(message->data.data32[0], 3u); // iconic
     free(message);
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Minimised);
+}
+
+TEST_F(X11Windows, TheWindowManagerAnswerHoldsUntilOneComesOrGoes)
+{
+    std::unique_ptr<x11::Connection> connection = x11::Connection::Open(s_server->Display().c_str());
+    ASSERT_TRUE(connection);
+    // Feeds the connection the events it has received, as the backend's dispatch does.
+    auto dispatch = [&] {
+        free(xcb_get_input_focus_reply(connection->Xcb(), xcb_get_input_focus(connection->Xcb()), nullptr));
+        while (xcb_generic_event_t* event = xcb_poll_for_event(connection->Xcb())) {
+            connection->NoteEvent(*event);
+            free(event);
+        }
+    };
+    EXPECT_FALSE(connection->HasWindowManager());
+    FakeWindowManager manager(s_server->Display());
+    EXPECT_FALSE(connection->HasWindowManager()); // the server is not asked again
+    dispatch();
+    EXPECT_TRUE(connection->HasWindowManager());
+    manager.Crash();
+    dispatch();
+    EXPECT_FALSE(connection->HasWindowManager());
 }
 
 TEST_F(X11Windows, CaptureTakesThePointerFromOtherWindows)
