@@ -13,14 +13,7 @@ class X11Windows : public X11Fixture {
 protected:
     NativeWindow Create(WindowKind kind, NativeWindow parent, int32_t x, int32_t y, int32_t width, int32_t height)
     {
-        WindowParams params;
-        params.kind = kind;
-        params.parent = parent;
-        params.x = x;
-        params.y = y;
-        params.width = width;
-        params.height = height;
-        NativeWindow window = m_backend->CreateWindow(params);
+        NativeWindow window = m_backend->CreateWindow(Params(x, y, width, height, kind, parent));
         SyncBackend(); // the server has the window and its properties before another client looks
         return window;
     }
@@ -212,10 +205,7 @@ private:
 TEST_F(X11Windows, StateChangesAreRequestsToAWindowManager)
 {
     FakeWindowManager manager(s_server->Display());
-    WindowParams params;
-    params.x = params.y = 10;
-    params.width = params.height = 100;
-    NativeWindow window = m_backend->CreateWindow(params);
+    NativeWindow window = m_backend->CreateWindow(Params(10, 10, 100, 100));
     m_windows.push_back(window);
 
     // Before mapping, the states are properties the manager reads when it maps the window.

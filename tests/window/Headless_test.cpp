@@ -298,9 +298,8 @@ TEST_F(HeadlessTest, PicturesShowWhatWasPainted)
     cairo_surface_t* png = cairo_image_surface_create_from_png(path.c_str());
     ASSERT_EQ(cairo_surface_status(png), CAIRO_STATUS_SUCCESS);
     ASSERT_EQ(cairo_image_surface_get_width(png), 4);
-    const auto* row = reinterpret_cast<const uint32_t*>(cairo_image_surface_get_data(png) + cairo_image_surface_get_stride(png));
-    EXPECT_EQ(row[1], 0xFFFF0000u);
-    EXPECT_EQ(row[0], 0xFFFFFFFFu);
+    EXPECT_EQ(SurfacePixel(png, 1, 1), 0xFFFF0000u);
+    EXPECT_EQ(SurfacePixel(png, 0, 1), 0xFFFFFFFFu);
     cairo_surface_destroy(png);
     std::remove(path.c_str());
 }
