@@ -1,5 +1,7 @@
 #include "WindowFixture.hpp"
 
+#include <vesk/graphics/Bitmap.hpp>
+
 #include <cairo.h>
 
 #include <atomic>
@@ -292,6 +294,19 @@ TEST_F(HeadlessTest, PicturesShowWhatWasPainted)
     cairo_destroy(cr);
     Headless().ReleaseSurface(s);
 
+    Bitmap picture;
+    ASSERT_TRUE(GetWindowPicture(h, picture));
+    const BitmapPixels shown = picture.GetPGdiplusBitmap();
+    ASSERT_EQ(shown.width, 4);
+    ASSERT_EQ(shown.height, 3);
+    const int32_t stride = shown.stride ? shown.stride : shown.width;
+    EXPECT_EQ(shown.pixels[stride + 1], 0xFFFF0000u);
+    EXPECT_EQ(shown.pixels[stride + 2], 0xFFFFFFFFu);
+    EXPECT_EQ(shown.pixels[2 * stride + 1], 0xFFFFFFFFu);
+    EXPECT_FALSE(GetWindowPicture(nullptr, picture));
+    EXPECT_TRUE(picture.Empty());
+
+    // Written to a file, the same picture.
     const std::string path = ::testing::TempDir() + "/vesk_headless_shot.png";
     ASSERT_TRUE(SaveWindowPicture(h, path.c_str()));
     EXPECT_FALSE(SaveWindowPicture(nullptr, path.c_str()));
