@@ -57,7 +57,7 @@ void BM_X11Repaint(benchmark::State& state)
         cairo_t* cr = cairo_create(surface);
         Fill(cr, ++round);
         cairo_destroy(cr);
-        backend->ReleaseSurface(window, surface);
+        backend->ReleaseSurface(surface);
         backend->GetFocus(); // a round trip: the server has copied the picture
     }
     backend->DestroyWindow(window);

@@ -2,7 +2,6 @@
 // they stand, and the screenshot composed from their windows.
 #include "DemoApp.hpp"
 
-#include <filesystem>
 
 using namespace vesk;
 
@@ -108,11 +107,9 @@ bool DemoApp::AddWindowPicture(OutputDevice& dev, CWnd& wnd, const CRectangle& o
 {
     if (!ShownAllTheWayUp(&wnd))
         return false;
-    const std::string path = (std::filesystem::path(m_aScratch) / "window.png").string();
-    if (!SaveWindowPicture(wnd.GetSafeHwnd(), path.c_str()))
-        return false;
     Bitmap picture;
-    picture.Load(DirEntry(SString(path.c_str())));
+    if (!GetWindowPicture(wnd.GetSafeHwnd(), picture))
+        return false;
     const CRectangle r = wnd.GetWindowRect();
     dev.DrawBitmap(TamPoint(r.Left() - origin.Left(), r.Top() - origin.Top()), picture);
     return !picture.Empty();

@@ -13,6 +13,14 @@ TamPoint Centre(const CRectangle& r)
     return TamPoint((r.Left() + r.Right()) / 2, (r.Top() + r.Bottom()) / 2);
 }
 
+// Presses `pane`'s caption and moves the pointer by `lift` from the corner of `from`, the
+// pane's rectangle: far enough to lift the pane out of its place. The button stays down.
+void Lift(Script& s, DockedPane& pane, const CRectangle& from, const TamPoint& lift)
+{
+    s.Press(pane.GetHandle(), TamPoint(30, 5));
+    s.MoveTo(TamPoint(from.Left() + lift.x, from.Top() + lift.y));
+}
+
 // F1 to F5 twice each: every pane hidden and shown again in its place.
 void HideAndShowEach(Script& s)
 {
@@ -85,8 +93,7 @@ void DockBeside(Script& s)
     const PaneRects before = app.Rects();
     DockedPane& log = *app.Dockable(PANE_LOG);
     const CRectangle from = before[PANE_LOG];
-    s.Press(log.GetHandle(), TamPoint(30, 5));
-    s.MoveTo(TamPoint(from.Left() + 30, from.Top() - 20)); // lifts it out: the others take its room
+    Lift(s, log, from, TamPoint(30, -20)); // the others take its room
     // Well inside the folder pane and nearest its lower edge, away from the frame's edges.
     const CRectangle folder = app.Rects()[PANE_FOLDER];
     const TamPoint target(Centre(folder).x, folder.Bottom() - 40);
@@ -100,8 +107,7 @@ void DockBeside(Script& s)
     s.Shot("07-docked-beside");
 
     const CRectangle beside = now[PANE_LOG];
-    s.Press(log.GetHandle(), TamPoint(30, 5));
-    s.MoveTo(TamPoint(beside.Left() + 30, beside.Top() - 20));
+    Lift(s, log, beside, TamPoint(30, -20));
     const TamSize client = app.Docking().GetHost()->GetClientSize();
     const TamPoint edge(client.Width() / 2, client.Height() - 4);
     s.MoveTo(edge);
@@ -146,8 +152,7 @@ void FloatAndDockBack(Script& s)
     const PaneRects before = app.Rects();
     DockedPane& properties = *app.Dockable(PANE_PROPERTIES);
     const CRectangle from = before[PANE_PROPERTIES];
-    s.Press(properties.GetHandle(), TamPoint(30, 5));
-    s.MoveTo(TamPoint(from.Left() + 10, from.Top() + 40));
+    Lift(s, properties, from, TamPoint(10, 40));
     const TamPoint drop(Centre(app.Rects()[PANE_PREVIEW]).x - 60, Centre(app.Rects()[PANE_PREVIEW]).y - 60);
     s.MoveTo(drop);
     s.Release(drop);
@@ -158,8 +163,7 @@ void FloatAndDockBack(Script& s)
     s.Shot("08-floating");
     SaveAndRestore(s);
 
-    s.Press(properties.GetHandle(), TamPoint(30, 5));
-    s.MoveTo(TamPoint(now[PANE_PROPERTIES].Left() + 10, now[PANE_PROPERTIES].Top() + 40));
+    Lift(s, properties, now[PANE_PROPERTIES], TamPoint(10, 40));
     const CRectangle colours = app.Rects()[PANE_COLOURS];
     const TamPoint target(Centre(colours).x, colours.Top() + 30);
     s.MoveTo(target);

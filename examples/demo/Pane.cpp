@@ -4,21 +4,9 @@ using namespace vesk;
 
 namespace demo {
 
-Pane::~Pane()
-{
-    ReleaseDevice();
-    m_aWnd.DestroyWindow(); // unregisters this window before the CWnd goes
-}
-
 bool Pane::CreatePane(CWnd* parent)
 {
-    // The old window's drawing context must not outlive it.
-    ReleaseDevice();
-    m_aWnd.DestroyWindow();
-    if (!m_aWnd.Create(WndKind::Child, parent, TamPoint(0, 0), TamSize(100, 100), m_aTitle.c_str()))
-        return false;
-    SetAsWrap(&m_aWnd);
-    return true;
+    return CreateOwned(WndKind::Child, parent, TamPoint(0, 0), TamSize(100, 100), m_aTitle.c_str());
 }
 
 int32_t Pane::DrawFrame(OutputDevice& dev, const TamSize& size) const

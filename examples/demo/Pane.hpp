@@ -10,16 +10,13 @@ namespace demo {
 // A pane of the demo: a child window, with a title strip of its own unless it sits in a
 // dockable pane whose caption shows the title. Each pane draws through Render, on its own
 // window when painted and on any other device when asked.
-class Pane : public vesk::Window
+class Pane : public vesk::OwnedWindow
 {
 public:
     Pane(const char* title, bool titleStrip) : m_aTitle(title), m_bTitleStrip(titleStrip) {}
-    ~Pane() override;
 
     // Makes the pane's window in `parent`; a pane made before moves to its new window.
     bool CreatePane(vesk::CWnd* parent);
-    vesk::CWnd& Wnd() { return m_aWnd; }
-    const vesk::CWnd& Wnd() const { return m_aWnd; }
     const std::string& Title() const { return m_aTitle; }
     virtual void Render(vesk::OutputDevice& dev, const vesk::TamSize& size) = 0;
 
@@ -37,7 +34,6 @@ protected:
 private:
     std::string m_aTitle;
     bool m_bTitleStrip;
-    vesk::CWnd m_aWnd;
 };
 
 } // namespace demo

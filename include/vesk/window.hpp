@@ -11,4 +11,5 @@
 // The library's windows and their input events.
 #include <vesk/window/Events.hpp>
 #include <vesk/window/Window.hpp>
+#include <vesk/window/OwnedWindow.hpp>
 #include <vesk/window/AnimatedGif.hpp>

@@ -28,19 +28,15 @@ CWnd* ParentOf(Window* parent)
 } // namespace
 
 AnimatedGif::AnimatedGif(Window* parent, int32_t borderWidth, const TamPoint& pos)
-    : m_nBorder(borderWidth), m_aPresenter(m_aWnd, borderWidth), m_aPlayer(m_aGif)
+    : m_nBorder(borderWidth), m_aPresenter(Wnd(), borderWidth), m_aPlayer(m_aGif)
 {
     const int32_t side = kDefaultSide + 2 * borderWidth;
-    if (m_aWnd.Create(ParentOf(parent) ? WndKind::Child : WndKind::TopLevel, ParentOf(parent), pos,
-                      TamSize(side, side)))
-        SetAsWrap(&m_aWnd);
+    CreateOwned(ParentOf(parent) ? WndKind::Child : WndKind::TopLevel, ParentOf(parent), pos, TamSize(side, side));
 }
 
 AnimatedGif::~AnimatedGif()
 {
-    m_aPlayer.Stop();
-    ReleaseDevice();
-    m_aWnd.DestroyWindow(); // unregisters this window before the CWnd goes
+    m_aPlayer.Stop(); // the player draws into the window, which goes with the base
 }
 
 int AnimatedGif::Load(const DirEntry& entry)
@@ -49,12 +45,13 @@ int AnimatedGif::Load(const DirEntry& entry)
     if (!m_aGif.Load(entry))
         return 0;
     const GifFrame first = m_aGif.FirstImage();
-    if (!first.IsEmpty() && m_aWnd.GetSafeHwnd()) {
+    CWnd& wnd = Wnd();
+    if (!first.IsEmpty() && wnd.GetSafeHwnd()) {
         // Keep the position within the parent; windows have no frame of their own here.
-        const CRectangle box = m_aWnd.GetWindowRect();
-        const CRectangle parent = m_aWnd.GetParent() ? m_aWnd.GetParent()->GetWindowRect() : CRectangle(0, 0, 0, 0);
-        m_aWnd.MoveWindow(box.Left() - parent.Left(), box.Top() - parent.Top(), first.GetWidth() + 2 * m_nBorder,
-                          first.GetHeight() + 2 * m_nBorder);
+        const CRectangle box = wnd.GetWindowRect();
+        const CRectangle parent = wnd.GetParent() ? wnd.GetParent()->GetWindowRect() : CRectangle(0, 0, 0, 0);
+        wnd.MoveWindow(box.Left() - parent.Left(), box.Top() - parent.Top(), first.GetWidth() + 2 * m_nBorder,
+                       first.GetHeight() + 2 * m_nBorder);
     }
     Invalidate();
     return 1;

@@ -209,7 +209,7 @@ intptr_t CWnd::DefWindowProc(uint32_t message, WParam, LParam)
         // Nobody painted: validate, or the display would ask again and again.
         display::WindowBox dirty;
         if (cairo_surface_t* surface = Backend().BeginPaint(m_hWnd, dirty))
-            Backend().EndPaint(m_hWnd, surface);
+            Backend().EndPaint(surface);
         return 0;
     }
     default:

@@ -49,30 +49,26 @@ DeviceContext* DCManager::GetDC(OutputDevice& device)
         return nullptr;
     DeviceContext* dc = DeviceContext::Create(surface);
     if (!dc) {
-        backend.ReleaseSurface(handle, surface);
+        backend.ReleaseSurface(surface);
         return nullptr;
     }
     cairo_surface_destroy(surface); // the context holds its own reference
     std::lock_guard lock(m_aMutex);
-    m_aLent[dc] = handle;
+    m_aLent.insert(dc);
     return dc;
 }
 
 void DCManager::ReleaseDC(OutputDevice&, DeviceContext* dc)
 {
-    NativeWindow handle;
     {
         std::lock_guard lock(m_aMutex);
-        auto it = m_aLent.find(dc);
         // A paint context belongs to the paint, not to the device.
-        if (it == m_aLent.end())
+        if (m_aLent.erase(dc) == 0)
             return;
-        handle = it->second;
-        m_aLent.erase(it);
     }
     cairo_surface_t* surface = cairo_surface_reference(dc->surface);
     DeviceContext::Delete(dc);
-    WindowSystem::Get().Backend().ReleaseSurface(handle, surface);
+    WindowSystem::Get().Backend().ReleaseSurface(surface);
 }
 
 DeviceContext* DCManager::SetPaintDC(NativeWindow window, DeviceContext* dc)

@@ -11,6 +11,7 @@
 #include <mutex>
 #include <thread>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace vesk {
 
@@ -40,7 +41,7 @@ private:
         std::thread::id thread;
     };
     std::unordered_map<NativeWindow, PaintDC> m_aPaintDCs;
-    std::unordered_map<DeviceContext*, NativeWindow> m_aLent; // contexts over display surfaces
+    std::unordered_set<DeviceContext*> m_aLent; // contexts over display surfaces, not paint contexts
 };
 
 // The library state's manager, made on first use; null without a library state.

@@ -1,8 +1,14 @@
 #include <vesk/window/MessageLoop.hpp>
 
+#include <vesk/files/DirEntry.hpp>
 #include <vesk/frame/WinMessages.hpp>
+#include <vesk/graphics/Bitmap.hpp>
+#include <vesk/values/TamSize.hpp>
 
 #include "window/WindowSystem_p.hpp"
+
+#include <cstring>
+#include <vector>
 
 namespace vesk {
 
@@ -59,14 +65,28 @@ const char* GetDisplayName()
     return WindowSystem::Get().Backend().Name();
 }
 
-bool SaveWindowPicture(NativeWindow window, const char* pngPath)
+bool GetWindowPicture(NativeWindow window, Bitmap& picture)
 {
-    cairo_surface_t* shot = pngPath ? WindowSystem::Get().Backend().Snapshot(window) : nullptr;
+    picture = Bitmap();
+    cairo_surface_t* shot = WindowSystem::Get().Backend().Snapshot(window);
     if (!shot)
         return false;
-    const bool ok = cairo_surface_write_to_png(shot, pngPath) == CAIRO_STATUS_SUCCESS;
+    cairo_surface_flush(shot);
+    const int32_t width = cairo_image_surface_get_width(shot), height = cairo_image_surface_get_height(shot);
+    const int32_t stride = cairo_image_surface_get_stride(shot);
+    const unsigned char* data = cairo_image_surface_get_data(shot);
+    std::vector<uint32_t> pixels(size_t(width) * size_t(height));
+    for (int32_t y = 0; y < height; ++y)
+        std::memcpy(pixels.data() + size_t(y) * size_t(width), data + size_t(y) * size_t(stride), size_t(width) * 4);
     cairo_surface_destroy(shot);
-    return ok;
+    picture = Bitmap(TamSize(width, height), std::move(pixels));
+    return !picture.Empty();
+}
+
+bool SaveWindowPicture(NativeWindow window, const char* path)
+{
+    Bitmap picture;
+    return path && GetWindowPicture(window, picture) && picture.Save(DirEntry(SString(path))) == ERR_OK;
 }
 
 } // namespace vesk

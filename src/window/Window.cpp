@@ -142,7 +142,7 @@ bool Window::ProcessPaint()
     if (manager && dc)
         manager->SetPaintDC(handle, previous);
     DeviceContext::Delete(dc);
-    backend.EndPaint(handle, surface);
+    backend.EndPaint(surface);
     return true;
 }
 

@@ -131,14 +131,25 @@ protected:
         s_onMessage = nullptr;
     }
 
-    // A top-level window (client box at x, y on the screen), shown and painted once.
-    NativeWindow ShowWindow(int32_t x, int32_t y, int32_t width, int32_t height, const std::string& title = "test")
+    // A window's client box at x, y: on the screen, or in `parent` for a child.
+    static display::WindowParams Params(int32_t x, int32_t y, int32_t width, int32_t height,
+                                        display::WindowKind kind = display::WindowKind::TopLevel,
+                                        NativeWindow parent = nullptr)
     {
         display::WindowParams params;
+        params.kind = kind;
+        params.parent = parent;
         params.x = x;
         params.y = y;
         params.width = width;
         params.height = height;
+        return params;
+    }
+
+    // A top-level window, shown and painted once.
+    NativeWindow ShowWindow(int32_t x, int32_t y, int32_t width, int32_t height, const std::string& title = "test")
+    {
+        display::WindowParams params = Params(x, y, width, height);
         params.title = title;
         NativeWindow window = m_backend->CreateWindow(params);
         EXPECT_NE(window, nullptr);

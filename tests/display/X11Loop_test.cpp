@@ -63,7 +63,7 @@ TEST(X11Gone, ServerGoingAwayEndsTheLoopWithoutHanging)
     backend->Invalidate(window, nullptr);
     cairo_surface_t* surface = backend->GetSurface(window);
     ASSERT_TRUE(surface);
-    backend->ReleaseSurface(window, surface);
+    backend->ReleaseSurface(surface);
     cairo_surface_t* shown = backend->Snapshot(window);
     EXPECT_TRUE(shown);
     cairo_surface_destroy(shown);

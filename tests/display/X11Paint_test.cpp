@@ -1,4 +1,5 @@
 #include "X11Fixture.hpp"
+#include "support/SurfacePixels.hpp"
 
 #include <atomic>
 #include <thread>
@@ -23,7 +24,7 @@ protected:
             cairo_t* cr = cairo_create(surface);
             scene(cr);
             cairo_destroy(cr);
-            m_backend->EndPaint(window, surface);
+            m_backend->EndPaint(surface);
         };
     }
 
@@ -81,20 +82,9 @@ long DifferingPixels(cairo_surface_t* a, cairo_surface_t* b)
     return differing;
 }
 
-uint32_t PixelAt(cairo_surface_t* image, int x, int y)
-{
-    cairo_surface_flush(image);
-    return reinterpret_cast<const uint32_t*>(cairo_image_surface_get_data(image) + y * cairo_image_surface_get_stride(image))[x];
-}
-
 TEST_F(X11Paint, ScreenshotEqualsTheSceneInAnImageSurface)
 {
-    WindowParams params;
-    params.x = 20;
-    params.y = 30;
-    params.width = 160;
-    params.height = 120;
-    NativeWindow window = m_backend->CreateWindow(params);
+    NativeWindow window = m_backend->CreateWindow(Params(20, 30, 160, 120));
     m_windows.push_back(window);
     PaintWith(window, Scene);
     m_backend->Show(window, ShowCommand::Normal);
@@ -148,7 +138,7 @@ TEST_F(X11Paint, BackgroundThreadAndUiThreadTakeTurns)
             cairo_rectangle(cr, 0, 0, 60, 45);
             cairo_fill(cr);
             cairo_destroy(cr);
-            m_backend->ReleaseSurface(window, surface);
+            m_backend->ReleaseSurface(surface);
         }
         done = true;
     });
@@ -168,10 +158,10 @@ TEST_F(X11Paint, BackgroundThreadAndUiThreadTakeTurns)
     cairo_rectangle(cr, 0, 0, 60, 45);
     cairo_fill(cr);
     cairo_destroy(cr);
-    m_backend->ReleaseSurface(window, surface);
+    m_backend->ReleaseSurface(surface);
     cairo_surface_t* shown = m_backend->Snapshot(window);
     EXPECT_EQ(cairo_image_surface_get_width(shown), 120);
-    EXPECT_EQ(PixelAt(shown, 10, 10), 0xFFFF0000u); // what the last frame drew shows at once
+    EXPECT_EQ(SurfacePixel(shown, 10, 10), 0xFFFF0000u); // what the last frame drew shows at once
     cairo_surface_destroy(shown);
 }
 
@@ -189,7 +179,7 @@ TEST_F(X11Paint, WindowDestroyedInItsPaintHandler)
         cairo_t* cr = cairo_create(surface);
         cairo_paint(cr); // the surface stays valid until it is given back
         cairo_destroy(cr);
-        m_backend->EndPaint(window, surface);
+        m_backend->EndPaint(surface);
         painted = true;
     };
     ASSERT_TRUE(PumpUntil([&] { return painted; }));
@@ -199,7 +189,7 @@ TEST_F(X11Paint, WindowDestroyedInItsPaintHandler)
     NativeWindow next = ShowWindow(20, 30, 50, 50);
     cairo_surface_t* surface = m_backend->GetSurface(next);
     EXPECT_TRUE(surface);
-    m_backend->ReleaseSurface(next, surface);
+    m_backend->ReleaseSurface(surface);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "X11Fixture.hpp"
 
+#include "platform/display/x11/connection.hpp"
+
 #include <thread>
 
 namespace vesk::test {
@@ -11,14 +13,7 @@ class X11Windows : public X11Fixture {
 protected:
     NativeWindow Create(WindowKind kind, NativeWindow parent, int32_t x, int32_t y, int32_t width, int32_t height)
     {
-        WindowParams params;
-        params.kind = kind;
-        params.parent = parent;
-        params.x = x;
-        params.y = y;
-        params.width = width;
-        params.height = height;
-        NativeWindow window = m_backend->CreateWindow(params);
+        NativeWindow window = m_backend->CreateWindow(Params(x, y, width, height, kind, parent));
         SyncBackend(); // the server has the window and its properties before another client looks
         return window;
     }
@@ -178,7 +173,14 @@ public:
     ~FakeWindowManager()
     {
         xcb_delete_property(Xcb(), Root(), Atom("_NET_SUPPORTING_WM_CHECK"));
-        xcb_destroy_window(Xcb(), m_check);
+        Crash();
+    }
+    // Goes as a crashed manager does: the check window goes, the root's property stays.
+    void Crash()
+    {
+        if (m_check != XCB_NONE)
+            xcb_destroy_window(Xcb(), m_check);
+        m_check = XCB_NONE;
         Sync();
     }
 
@@ -203,10 +205,7 @@ private:
 TEST_F(X11Windows, StateChangesAreRequestsToAWindowManager)
 {
     FakeWindowManager manager(s_server->Display());
-    WindowParams params;
-    params.x = params.y = 10;
-    params.width = params.height = 100;
-    NativeWindow window = m_backend->CreateWindow(params);
+    NativeWindow window = m_backend->CreateWindow(Params(10, 10, 100, 100));
     m_windows.push_back(window);
 
     // Before mapping, the states are properties the manager reads when it maps the window.
@@ -239,6 +238,28 @@ TEST_F(X11Windows, StateChangesAreRequestsToAWindowManager)
     EXPECT_EQ(message->data.data32[0], 3u); // iconic
     free(message);
     EXPECT_EQ(m_backend->GetShowState(window), ShowCommand::Minimised);
+}
+
+TEST_F(X11Windows, TheWindowManagerAnswerHoldsUntilOneComesOrGoes)
+{
+    std::unique_ptr<x11::Connection> connection = x11::Connection::Open(s_server->Display().c_str());
+    ASSERT_TRUE(connection);
+    // Feeds the connection the events it has received, as the backend's dispatch does.
+    auto dispatch = [&] {
+        free(xcb_get_input_focus_reply(connection->Xcb(), xcb_get_input_focus(connection->Xcb()), nullptr));
+        while (xcb_generic_event_t* event = xcb_poll_for_event(connection->Xcb())) {
+            connection->NoteEvent(*event);
+            free(event);
+        }
+    };
+    EXPECT_FALSE(connection->HasWindowManager());
+    FakeWindowManager manager(s_server->Display());
+    EXPECT_FALSE(connection->HasWindowManager()); // the server is not asked again
+    dispatch();
+    EXPECT_TRUE(connection->HasWindowManager());
+    manager.Crash();
+    dispatch();
+    EXPECT_FALSE(connection->HasWindowManager());
 }
 
 TEST_F(X11Windows, CaptureTakesThePointerFromOtherWindows)

@@ -1,5 +1,7 @@
 #include "WindowFixture.hpp"
 
+#include <vesk/graphics/Bitmap.hpp>
+
 #include <cairo.h>
 
 #include <atomic>
@@ -126,7 +128,7 @@ TEST_F(HeadlessTest, AChildMovesToAnotherParentWithItsPictureAndChildren)
     cairo_set_source_rgb(cr, 0, 0, 1);
     cairo_paint(cr);
     cairo_destroy(cr);
-    Headless().ReleaseSurface(child.GetSafeHwnd(), s);
+    Headless().ReleaseSurface(s);
 
     ASSERT_TRUE(child.SetParent(&second, TamPoint(7, 8)));
     EXPECT_EQ(child.GetParent(), &second);
@@ -290,17 +292,29 @@ TEST_F(HeadlessTest, PicturesShowWhatWasPainted)
     cairo_rectangle(cr, 1, 1, 1, 1);
     cairo_fill(cr);
     cairo_destroy(cr);
-    Headless().ReleaseSurface(h, s);
+    Headless().ReleaseSurface(s);
 
+    Bitmap picture;
+    ASSERT_TRUE(GetWindowPicture(h, picture));
+    const BitmapPixels shown = picture.GetPGdiplusBitmap();
+    ASSERT_EQ(shown.width, 4);
+    ASSERT_EQ(shown.height, 3);
+    const int32_t stride = shown.stride ? shown.stride : shown.width;
+    EXPECT_EQ(shown.pixels[stride + 1], 0xFFFF0000u);
+    EXPECT_EQ(shown.pixels[stride + 2], 0xFFFFFFFFu);
+    EXPECT_EQ(shown.pixels[2 * stride + 1], 0xFFFFFFFFu);
+    EXPECT_FALSE(GetWindowPicture(nullptr, picture));
+    EXPECT_TRUE(picture.Empty());
+
+    // Written to a file, the same picture.
     const std::string path = ::testing::TempDir() + "/vesk_headless_shot.png";
     ASSERT_TRUE(SaveWindowPicture(h, path.c_str()));
     EXPECT_FALSE(SaveWindowPicture(nullptr, path.c_str()));
     cairo_surface_t* png = cairo_image_surface_create_from_png(path.c_str());
     ASSERT_EQ(cairo_surface_status(png), CAIRO_STATUS_SUCCESS);
     ASSERT_EQ(cairo_image_surface_get_width(png), 4);
-    const auto* row = reinterpret_cast<const uint32_t*>(cairo_image_surface_get_data(png) + cairo_image_surface_get_stride(png));
-    EXPECT_EQ(row[1], 0xFFFF0000u);
-    EXPECT_EQ(row[0], 0xFFFFFFFFu);
+    EXPECT_EQ(SurfacePixel(png, 1, 1), 0xFFFF0000u);
+    EXPECT_EQ(SurfacePixel(png, 0, 1), 0xFFFFFFFFu);
     cairo_surface_destroy(png);
     std::remove(path.c_str());
 }

@@ -94,7 +94,7 @@ TEST_F(PaintTest, AWindowDestroyedInsideItsPaintHandlerLeavesNothingBehind)
     std::thread other([&] {
         cairo_surface_t* s = Headless().GetSurface(h);
         EXPECT_NE(s, nullptr);
-        Headless().ReleaseSurface(h, s);
+        Headless().ReleaseSurface(s);
     });
     other.join();
     win.Clear();

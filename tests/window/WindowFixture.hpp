@@ -4,6 +4,7 @@
 // test must leave no native window behind.
 
 #include "platform/display/headless/HeadlessBackend.hpp"
+#include "support/SurfacePixels.hpp"
 
 #include <vesk/frame.hpp>
 #include <vesk/window.hpp>
@@ -32,8 +33,7 @@ inline uint32_t ShownPixel(NativeWindow window, int x, int y)
     cairo_surface_t* shot = Headless().Snapshot(window);
     if (!shot)
         return 0;
-    const unsigned char* data = cairo_image_surface_get_data(shot);
-    const uint32_t p = reinterpret_cast<const uint32_t*>(data + y * cairo_image_surface_get_stride(shot))[x];
+    const uint32_t p = SurfacePixel(shot, x, y);
     cairo_surface_destroy(shot);
     return p;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vesk/export.hpp>
-#include <vesk/window/Window.hpp>
+#include <vesk/window/OwnedWindow.hpp>
 
 #include <cstdint>
 #include <vector>
@@ -13,10 +13,9 @@ class TamDockablePane;
 
 // The dock site of one frame edge with its auto-hide strip: panes pinned off show there as
 // tabs, and a click on a tab slides the pane out (or back in).
-class VESK_API TamDockSite : public Window {
+class VESK_API TamDockSite : public OwnedWindow {
 public:
     TamDockSite();
-    ~TamDockSite() override;
     // Makes the strip window in the manager's host; false when `align` is not one edge.
     virtual bool Create(TamDockingManager& manager, uint32_t align);
     uint32_t GetAlignment() const { return m_nAlign; }
@@ -36,7 +35,6 @@ private:
     friend class TamDockingManager;
     TamDockingManager* m_pManager = nullptr;
     uint32_t m_nAlign = 0;
-    CWnd m_aWnd;
     std::vector<TamDockablePane*> m_aPanes;
     TamDockablePane* m_pShown = nullptr;
 };

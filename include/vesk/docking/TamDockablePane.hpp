@@ -5,7 +5,7 @@
 #include <vesk/export.hpp>
 #include <vesk/text/UString.hpp>
 #include <vesk/values/TamSize.hpp>
-#include <vesk/window/Window.hpp>
+#include <vesk/window/OwnedWindow.hpp>
 
 #include <cstdint>
 
@@ -20,7 +20,7 @@ inline constexpr uint32_t PANE_DEFAULT_STATE_ID = 0xFFFFFFFF;
 // A dockable pane: a caption (title, close and pin buttons) over the body where its library
 // window lives. Docked, it is a child of its manager's dock host; floating, a child of a
 // mini-frame. Its native window moves between the two with its children.
-class VESK_API TamDockablePane : public Window, public DockablePane {
+class VESK_API TamDockablePane : public OwnedWindow, public DockablePane {
 public:
     TamDockablePane();
     ~TamDockablePane() override;
@@ -124,7 +124,6 @@ private:
     void CurrentPlace(uint32_t& align, int32_t& row, int32_t& width) const;
 
     TamDockingManager* m_pManager = nullptr;
-    CWnd m_aWnd;
     SString m_sName;
     int32_t m_nCtrlId = 0;
     // Edge, band rank and extent across the edge when last docked.

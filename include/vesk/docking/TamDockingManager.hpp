@@ -24,7 +24,7 @@ class TamDockablePane;
 class TamPaneContainer;
 class TamPaneDivider;
 class TamPaneFrameWnd;
-class DockHostWnd;
+class DockHost;
 class DockDrag;
 class DockPosition;
 class TamDockParentWnd;
@@ -115,7 +115,7 @@ private:
     friend class TamPaneDivider;
     friend class TamDockSite;
     friend class DockDrag;
-    friend class DockHostWnd;
+    friend class DockHost;
     friend class TamDockParentWnd;
 
     bool AddPane(TamDockablePane& pane);
@@ -152,9 +152,9 @@ private:
     void WriteAway(DataBuffer& buffer, const TamDockablePane& pane) const;
 
     CFrameWnd& m_rFrame;
-    std::unique_ptr<DockHostWnd> m_pHost;
-    // The host as a library window: its messages pass the router's hooks.
-    std::unique_ptr<Window> m_pHostWindow;
+    // The window over the frame's client area; a library window, so its messages pass the
+    // router's hooks.
+    std::unique_ptr<DockHost> m_pHost;
     std::unique_ptr<LayoutModel> m_pModel;
     int32_t m_nDpi = 96;
     CWnd* m_pCentral = nullptr;

@@ -2,7 +2,7 @@
 
 #include <vesk/docking/DockablePane.hpp>
 #include <vesk/export.hpp>
-#include <vesk/window/Window.hpp>
+#include <vesk/window/OwnedWindow.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -13,10 +13,9 @@ class TamDockingManager;
 class LayoutNode;
 
 // The bar between two docked parts; dragging it moves the split (or a band's thickness).
-class VESK_API TamPaneDivider : public Window {
+class VESK_API TamPaneDivider : public OwnedWindow {
 public:
     TamPaneDivider(TamDockingManager& manager, size_t index);
-    ~TamPaneDivider() override;
     // Default width at `dpi`.
     static int32_t GetDefaultWidth(int32_t dpi);
     bool Create(CWnd* parent);
@@ -33,7 +32,6 @@ private:
     TamDockingManager& m_rManager;
     size_t m_nIndex;
     bool m_bVertical = true;
-    CWnd m_aWnd;
 };
 
 // One split of the dock layout: its two parts are panes or further containers.

@@ -5,7 +5,7 @@
 #include <vesk/graphics/GifPlayer.hpp>
 #include <vesk/graphics/Texture.hpp>
 #include <vesk/window/CWnd.hpp>
-#include <vesk/window/Window.hpp>
+#include <vesk/window/OwnedWindow.hpp>
 
 #include <cstdint>
 
@@ -17,7 +17,7 @@ class DirEntry;
 // frame at a time; while playing, a thread of its own composes the frames and copies them into
 // the window through a window device of its own. When it is not playing, painting shows the
 // first frame. A border of `borderWidth` pixels with a sunken edge surrounds the picture.
-class VESK_API AnimatedGif : public Window
+class VESK_API AnimatedGif : public OwnedWindow
 {
 public:
     // Makes the child window of `parent` at `pos` (hidden until shown through GetCWnd()).
@@ -62,7 +62,6 @@ private:
         int32_t m_nBorder;
     };
 
-    CWnd m_aWnd;
     int32_t m_nBorder;
     GifAnimation m_aGif;
     Presenter m_aPresenter;

@@ -8,6 +8,8 @@
 
 namespace vesk {
 
+class Bitmap;
+
 // Runs the event loop until a WM_QUIT arrives and returns its exit code (-1 when the display
 // went away). Loops may nest: a handler can run a loop of its own, which the next quit ends.
 VESK_API int RunMessageLoop();
@@ -29,7 +31,11 @@ VESK_API int16_t GetKeyState(uint32_t virtualKey);
 VESK_API size_t GetNativeWindowCount();
 // The display in use: "x11" or "headless".
 VESK_API const char* GetDisplayName();
-// Writes what the window's client area shows to a PNG file; false when that fails.
-VESK_API bool SaveWindowPicture(NativeWindow window, const char* pngPath);
+// What the window's client area shows, as `picture` (premultiplied ARGB); false, and
+// `picture` empty, for an unknown window.
+VESK_API bool GetWindowPicture(NativeWindow window, Bitmap& picture);
+// Writes GetWindowPicture's picture to a file in the format the name's extension gives, as
+// Bitmap::Save does (".png": PNG); false when that fails.
+VESK_API bool SaveWindowPicture(NativeWindow window, const char* path);
 
 } // namespace vesk

@@ -44,36 +44,28 @@ uint32_t NearestSide(const CRectangle& r, const TamPoint& p, int32_t& distance)
 
 } // namespace
 
-DockDropOverlay::~DockDropOverlay()
-{
-    m_aWnd.DestroyWindow();
-}
-
 bool DockDropOverlay::Create(CWnd* host)
 {
-    if (!m_aWnd.Create(WndKind::Child, host, TamPoint(0, 0), TamSize(0, 0)))
-        return false;
-    SetAsWrap(&m_aWnd);
-    return true;
+    return CreateOwned(WndKind::Child, host, TamPoint(0, 0), TamSize(0, 0));
 }
 
 void DockDropOverlay::Show(const CRectangle& rect)
 {
     m_aRect = rect;
-    m_aWnd.MoveWindow(rect.Left(), rect.Top(), rect.Right() - rect.Left(), rect.Bottom() - rect.Top());
-    m_aWnd.ShowWindow(SW_SHOW);
+    Wnd().MoveWindow(rect.Left(), rect.Top(), rect.Right() - rect.Left(), rect.Bottom() - rect.Top());
+    Wnd().ShowWindow(SW_SHOW);
     Invalidate();
 }
 
 void DockDropOverlay::Hide()
 {
     m_aRect = CRectangle();
-    m_aWnd.ShowWindow(SW_HIDE);
+    Wnd().ShowWindow(SW_HIDE);
 }
 
 void DockDropOverlay::Paint(const CRectangle&)
 {
-    const TamSize size = m_aWnd.GetClientSize();
+    const TamSize size = Wnd().GetClientSize();
     ChangePen(Pen(TamColor(0xC07830u), 2));
     ChangeFillInBrush(Brush(TamColor(0xF0D8B0u)));
     DrawRect(CRectangle(0, 0, size.Width(), size.Height()));

@@ -4,7 +4,7 @@
 // pointer moves, the button release and Escape, wherever they go.
 #include <vesk/docking/TamDockablePane.hpp>
 #include <vesk/docking/TamDockingManager.hpp>
-#include <vesk/window/Window.hpp>
+#include <vesk/window/OwnedWindow.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -20,9 +20,8 @@ struct DockDropTarget {
 };
 
 // The rectangle that shows where a dragged pane would land.
-class DockDropOverlay final : public Window {
+class DockDropOverlay final : public OwnedWindow {
 public:
-    ~DockDropOverlay() override;
     bool Create(CWnd* host);
     void Show(const CRectangle& rect);
     void Hide();
@@ -32,7 +31,6 @@ protected:
     void Paint(const CRectangle& rect) override;
 
 private:
-    CWnd m_aWnd;
     CRectangle m_aRect;
 };
 

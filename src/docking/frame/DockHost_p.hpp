@@ -2,7 +2,7 @@
 
 // The window over the frame's client area that holds the docked panes; a resize lays them out.
 #include <vesk/docking/DockNeighbour.hpp>
-#include <vesk/window/CWnd.hpp>
+#include <vesk/window/OwnedWindow.hpp>
 
 namespace vesk {
 
@@ -11,12 +11,11 @@ class TamDockingManager;
 // Posted to the host: lParam is a pane to close, if the manager still knows it.
 inline constexpr uint32_t WM_DOCK_CLOSEPANE = 0x400 + 0x191;
 
-class DockHostWnd final : public CWnd {
+class DockHost final : public OwnedWindow {
 public:
-    explicit DockHostWnd(TamDockingManager& manager) : m_rManager(manager) {}
+    explicit DockHost(TamDockingManager& manager) : m_rManager(manager) {}
 
-protected:
-    intptr_t WindowProc(uint32_t message, WParam wParam, LParam lParam) override;
+    void OnProcessMsg(uint32_t message, WParam wParam, LParam lParam) override;
 
 private:
     TamDockingManager& m_rManager;

@@ -57,15 +57,15 @@ TamPoint TamDockingManager::ModelOffset() const
 
 TamPoint TamDockingManager::ScreenToHost(const TamPoint& p) const
 {
-    const CRectangle host = m_pHost->GetWindowRect();
+    const CRectangle host = m_pHost->Wnd().GetWindowRect();
     return TamPoint(p.x - host.Left(), p.y - host.Top());
 }
 
 void TamDockingManager::RecalcLayout()
 {
-    if (!m_pHost->GetSafeHwnd())
+    if (!m_pHost->Wnd().GetSafeHwnd())
         return;
-    const TamSize client = m_pHost->GetClientSize();
+    const TamSize client = m_pHost->Wnd().GetClientSize();
     Insets in;
     for (const auto& site : m_aSites)
         in.side[EdgeIndex(site->GetAlignment())] = site->GetStripThickness(m_nDpi);
@@ -82,8 +82,8 @@ void TamDockingManager::RecalcLayout()
         case CBRS_ALIGN_TOP: r = CRectangle(0, 0, client.Width(), t); break;
         default: r = CRectangle(0, client.Height() - t, client.Width(), client.Height()); break;
         }
-        site->m_aWnd.MoveWindow(r.Left(), r.Top(), r.Right() - r.Left(), r.Bottom() - r.Top());
-        site->m_aWnd.ShowWindow(t > 0 ? SW_SHOW : SW_HIDE);
+        site->Wnd().MoveWindow(r.Left(), r.Top(), r.Right() - r.Left(), r.Bottom() - r.Top());
+        site->Wnd().ShowWindow(t > 0 ? SW_SHOW : SW_HIDE);
         site->Invalidate();
     }
     SyncWindows();
@@ -102,7 +102,7 @@ void TamDockingManager::SyncWindows()
         m_aDividers.pop_back();
     while (m_aDividers.size() < s.dividers.size()) {
         auto divider = std::make_unique<TamPaneDivider>(*this, m_aDividers.size());
-        if (!divider->Create(m_pHost.get()))
+        if (!divider->Create(&m_pHost->Wnd()))
             break;
         m_aDividers.push_back(std::move(divider));
     }
@@ -148,7 +148,7 @@ DockElementVec TamDockingManager::BuildDockElements() const
         else
             elements.push_back(std::make_unique<HolderElement>(FindContainer(root)));
     }
-    const CRectangle host = m_pHost->GetWindowRect();
+    const CRectangle host = m_pHost->Wnd().GetWindowRect();
     const CRectangle f = ToRect(m_pModel->GetSolution().freeSpace, ModelOffset());
     elements.push_back(std::make_unique<FreeSpaceElement>(
         CRectangle(host.Left() + f.Left(), host.Top() + f.Top(), host.Left() + f.Right(), host.Top() + f.Bottom()),

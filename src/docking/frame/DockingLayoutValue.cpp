@@ -226,7 +226,7 @@ bool TamDockingManager::LoadLayout(std::span<const uint8_t> value)
             pane->m_eState = TamDockablePane::State::Docked;
         } else if (placed.count(pane->GetName())) {
             pane->m_eState = TamDockablePane::State::Hidden;
-            pane->m_aWnd.ShowWindow(SW_HIDE);
+            pane->Wnd().ShowWindow(SW_HIDE);
         }
     }
     RecalcLayout();

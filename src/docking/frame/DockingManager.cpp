@@ -31,9 +31,9 @@ bool IsVerticalEdge(uint32_t align)
     return align == CBRS_ALIGN_LEFT || align == CBRS_ALIGN_RIGHT;
 }
 
-intptr_t DockHostWnd::WindowProc(uint32_t message, WParam wParam, LParam lParam)
+void DockHost::OnProcessMsg(uint32_t message, WParam wParam, LParam lParam)
 {
-    const intptr_t result = CWnd::WindowProc(message, wParam, lParam);
+    OwnedWindow::OnProcessMsg(message, wParam, lParam);
     if (message == WM_SIZE)
         m_rManager.RecalcLayout();
     if (message == WM_DOCK_CLOSEPANE) {
@@ -42,20 +42,17 @@ intptr_t DockHostWnd::WindowProc(uint32_t message, WParam wParam, LParam lParam)
             m_rManager.GetDockParent().RemovePane(pane, pos, true);
         }
     }
-    return result;
 }
 
 TamDockingManager::TamDockingManager(CFrameWnd& frame)
-    : m_rFrame(frame), m_pHost(std::make_unique<DockHostWnd>(*this)), m_pModel(std::make_unique<LayoutModel>()),
+    : m_rFrame(frame), m_pHost(std::make_unique<DockHost>(*this)), m_pModel(std::make_unique<LayoutModel>()),
       m_pDockParent(std::make_unique<TamDockParentWnd>(*this))
 {
     if (const VeskData* data = GetPVeskData())
         m_nDpi = std::clamp(data->GetResolutionX(), LAYOUT_MIN_DPI, LAYOUT_MAX_DPI);
-    if (m_pHost->Create(WndKind::Child, &frame, TamPoint(0, 0), frame.GetClientSize())) {
-        m_pHostWindow = std::make_unique<Window>();
-        m_pHostWindow->SetAsWrap(m_pHost.get());
-        frame.SetView(m_pHost.get());
-        m_pHost->ShowWindow(SW_SHOW);
+    if (m_pHost->CreateOwned(WndKind::Child, &frame, TamPoint(0, 0), frame.GetClientSize())) {
+        frame.SetView(&m_pHost->Wnd());
+        m_pHost->Wnd().ShowWindow(SW_SHOW);
     }
     RecalcLayout();
 }
@@ -65,21 +62,20 @@ TamDockingManager::~TamDockingManager()
     m_pDrag.reset();
     for (TamDockablePane* pane : m_aPanes) {
         pane->DropMiniFrame();
-        pane->m_aWnd.DestroyWindow();
+        pane->DestroyOwned();
         pane->m_pManager = nullptr;
     }
     m_aDividers.clear();
     m_aContainers.clear();
     m_aSites.clear();
-    if (m_rFrame.GetView() == m_pHost.get())
+    if (m_rFrame.GetView() == &m_pHost->Wnd())
         m_rFrame.SetView(nullptr);
-    m_pHost->DestroyWindow();
-    m_pHostWindow.reset();
+    m_pHost->DestroyOwned();
 }
 
 CWnd* TamDockingManager::GetHost() const
 {
-    return m_pHost.get();
+    return &m_pHost->Wnd();
 }
 
 void TamDockingManager::SetCentralWindow(CWnd* wnd)
@@ -192,7 +188,7 @@ bool TamDockingManager::DockIntoPaneNear(TamDockablePane* pane, TamDockablePane*
     if (!into)
         return false;
     // Each trial is taken back by Remove, the exact inverse, so only the chosen one stays.
-    const TamPoint host = m_pHost->GetWindowRect().TopLeft();
+    const TamPoint host = m_pHost->Wnd().GetWindowRect().TopLeft();
     const CRectangle want(was.Left() - host.x, was.Top() - host.y, was.Right() - host.x, was.Bottom() - host.y);
     LayoutNode* best = nullptr;
     int64_t bestDistance = INT64_MAX;
@@ -219,7 +215,7 @@ bool TamDockingManager::DockIntoParentNear(TamDockablePane* pane, uint32_t align
     LayoutEdge edge;
     if (!LayoutEdgeOfAlign(align, edge) || !PrepareDock(pane))
         return false;
-    const TamPoint host = m_pHost->GetWindowRect().TopLeft();
+    const TamPoint host = m_pHost->Wnd().GetWindowRect().TopLeft();
     const CRectangle want(was.Left() - host.x, was.Top() - host.y, was.Right() - host.x, was.Bottom() - host.y);
     size_t best = 0;
     int64_t bestDistance = INT64_MAX;
@@ -257,7 +253,7 @@ bool TamDockingManager::TakeOut(TamDockablePane& pane, bool remember)
     }
     m_pModel->Remove(pane.GetName());
     pane.m_eState = TamDockablePane::State::Hidden;
-    pane.m_aWnd.ShowWindow(SW_HIDE);
+    pane.Wnd().ShowWindow(SW_HIDE);
     RecalcLayout();
     return true;
 }

@@ -26,7 +26,7 @@ CRectangle TamDockablePane::GetCloseButtonRect() const
 {
     const int32_t h = GetCaptionHeight();
     const int32_t b = LayoutScale(BUTTON_96, m_pManager ? m_pManager->GetDpi() : 96);
-    const int32_t right = m_aWnd.GetClientSize().Width() - (h - b) / 2;
+    const int32_t right = Wnd().GetClientSize().Width() - (h - b) / 2;
     const int32_t top = (h - b) / 2;
     return CRectangle(right - b, top, right, top + b);
 }
@@ -40,7 +40,7 @@ CRectangle TamDockablePane::GetPinButtonRect() const
 
 void TamDockablePane::Paint(const CRectangle&)
 {
-    const TamSize size = m_aWnd.GetClientSize();
+    const TamSize size = Wnd().GetClientSize();
     const int32_t h = GetCaptionHeight();
     ChangePen(Pen(TamColor(0x808080u)));
     ChangeFillInBrush(Brush(TamColor(0xF0F0F0u)));

@@ -22,20 +22,14 @@ constexpr int32_t TAB_96 = 80;
 
 TamDockSite::TamDockSite() = default;
 
-TamDockSite::~TamDockSite()
-{
-    m_aWnd.DestroyWindow();
-}
-
 bool TamDockSite::Create(TamDockingManager& manager, uint32_t align)
 {
-    if (!IsSideAlign(align) || m_aWnd.GetSafeHwnd())
+    if (!IsSideAlign(align) || Wnd().GetSafeHwnd())
         return false;
-    if (!m_aWnd.Create(WndKind::Child, manager.GetHost(), TamPoint(0, 0), TamSize(0, 0)))
+    if (!CreateOwned(WndKind::Child, manager.GetHost(), TamPoint(0, 0), TamSize(0, 0)))
         return false;
     m_pManager = &manager;
     m_nAlign = align;
-    SetAsWrap(&m_aWnd);
     return true;
 }
 
@@ -55,7 +49,7 @@ CRectangle TamDockSite::GetTabRect(size_t i) const
 
 void TamDockSite::Paint(const CRectangle&)
 {
-    const TamSize size = m_aWnd.GetClientSize();
+    const TamSize size = Wnd().GetClientSize();
     ChangePen(Pen(TamColor(0xA0A0A0u)));
     ChangeFillInBrush(Brush(TamColor(0xE0E0E0u)));
     DrawRect(CRectangle(0, 0, size.Width(), size.Height()));
@@ -99,7 +93,7 @@ bool TamDockingManager::Unpin(TamDockablePane& pane)
         if (site->m_pShown == &pane)
             site->m_pShown = nullptr;
         pane.m_eState = TamDockablePane::State::Hidden;
-        pane.m_aWnd.ShowWindow(SW_HIDE);
+        pane.Wnd().ShowWindow(SW_HIDE);
         site->Invalidate();
         return true;
     }
@@ -118,7 +112,7 @@ bool TamDockingManager::PinBack(TamDockablePane& pane)
 void TamDockingManager::SlideOut(TamDockSite& site, TamDockablePane* pane)
 {
     if (site.m_pShown && site.m_pShown != pane)
-        site.m_pShown->m_aWnd.ShowWindow(SW_HIDE);
+        site.m_pShown->Wnd().ShowWindow(SW_HIDE);
     site.m_pShown = pane;
     site.Invalidate();
     if (!pane)

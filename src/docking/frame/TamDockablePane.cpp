@@ -19,9 +19,9 @@ TamDockablePane::~TamDockablePane()
 {
     if (m_pManager)
         m_pManager->ForgetPane(*this);
-    m_pManager = nullptr; // a floating pane's window goes with its mini-frame
+    m_pManager = nullptr;
+    DestroyOwned(); // before the mini-frame, which would take a floating pane's window with it
     DropMiniFrame();
-    m_aWnd.DestroyWindow();
 }
 
 bool TamDockablePane::Create(TamDockingManager& manager, const SString& name, const TamSize& minSize96)
@@ -37,20 +37,19 @@ bool TamDockablePane::Create(TamDockingManager& manager, const SString& name, co
     m_pManager = &manager;
     if (m_nCtrlId == 0)
         m_nCtrlId = manager.m_nNextCtrlId++;
-    if (!m_aWnd.Create(WndKind::Child, manager.GetHost(), TamPoint(0, 0), TamSize(0, 0),
-                       static_cast<const char*>(m_sName))) {
+    if (!CreateOwned(WndKind::Child, manager.GetHost(), TamPoint(0, 0), TamSize(0, 0),
+                     static_cast<const char*>(m_sName))) {
         manager.ForgetPane(*this);
         m_pManager = nullptr;
         return false;
     }
-    SetAsWrap(&m_aWnd);
     OnNativeWindowMade();
     return true;
 }
 
 CRectangle TamDockablePane::GetScreenRect() const
 {
-    return m_aWnd.GetWindowRect();
+    return Wnd().GetWindowRect();
 }
 
 bool TamDockablePane::GetMiniFrameScreenRect(CRectangle& rect) const
@@ -83,8 +82,8 @@ bool TamDockablePane::FloatPane()
 
 void TamDockablePane::PlaceAt(const CRectangle& rect)
 {
-    m_aWnd.MoveWindow(rect.Left(), rect.Top(), rect.Right() - rect.Left(), rect.Bottom() - rect.Top());
-    m_aWnd.ShowWindow(SW_SHOW);
+    Wnd().MoveWindow(rect.Left(), rect.Top(), rect.Right() - rect.Left(), rect.Bottom() - rect.Top());
+    Wnd().ShowWindow(SW_SHOW);
     FitLibraryWindow();
     Invalidate();
 }
@@ -100,7 +99,7 @@ void TamDockablePane::FitLibraryWindow()
     CWnd* wnd = m_pLibraryWindow ? m_pLibraryWindow->GetCWnd() : nullptr;
     if (!wnd || !wnd->GetSafeHwnd())
         return;
-    const TamSize size = m_aWnd.GetClientSize();
+    const TamSize size = Wnd().GetClientSize();
     const int32_t caption = GetCaptionHeight();
     wnd->MoveWindow(0, caption, size.Width(), std::max(0, size.Height() - caption));
 }
@@ -140,7 +139,7 @@ void TamDockablePane::Conceal()
     m_pManager->TakeOut(*this, false);
     DropMiniFrame();
     m_eState = State::Hidden;
-    m_aWnd.ShowWindow(SW_HIDE);
+    Wnd().ShowWindow(SW_HIDE);
 }
 
 bool TamDockablePane::UndockPane()
@@ -172,12 +171,12 @@ bool TamDockablePane::Float(const CRectangle& rect)
     if (!frame->Create(rect, m_pManager->GetHost()->GetParent()))
         return false;
     const TamSize size = frame->GetClientSize();
-    if (!m_aWnd.SetParent(frame.get(), TamPoint(0, 0)) || !m_aWnd.MoveWindow(0, 0, size.Width(), size.Height()))
+    if (!Wnd().SetParent(frame.get(), TamPoint(0, 0)) || !Wnd().MoveWindow(0, 0, size.Width(), size.Height()))
         return false;
     m_pMiniFrame = frame.release();
     m_aRecentFloat = m_pMiniFrame->GetWindowRect();
     m_eState = State::Floating;
-    m_aWnd.ShowWindow(SW_SHOW);
+    Wnd().ShowWindow(SW_SHOW);
     m_pMiniFrame->ShowWindow(SW_SHOW);
     FitLibraryWindow();
     return true;
@@ -191,9 +190,9 @@ void TamDockablePane::DropMiniFrame()
     TamPaneFrameWnd* frame = m_pMiniFrame;
     m_pMiniFrame = nullptr;
     // The pane's window goes back into the dock host, hidden, before the mini-frame goes.
-    m_aWnd.ShowWindow(SW_HIDE);
+    Wnd().ShowWindow(SW_HIDE);
     if (m_pManager)
-        m_aWnd.SetParent(m_pManager->GetHost(), TamPoint(0, 0));
+        Wnd().SetParent(m_pManager->GetHost(), TamPoint(0, 0));
     delete frame;
     if (m_eState == State::Floating)
         m_eState = State::Hidden;

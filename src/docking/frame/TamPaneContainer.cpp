@@ -12,11 +12,6 @@ namespace vesk {
 
 TamPaneDivider::TamPaneDivider(TamDockingManager& manager, size_t index) : m_rManager(manager), m_nIndex(index) {}
 
-TamPaneDivider::~TamPaneDivider()
-{
-    m_aWnd.DestroyWindow();
-}
-
 int32_t TamPaneDivider::GetDefaultWidth(int32_t dpi)
 {
     return LayoutDividerWidth(dpi);
@@ -24,23 +19,20 @@ int32_t TamPaneDivider::GetDefaultWidth(int32_t dpi)
 
 bool TamPaneDivider::Create(CWnd* parent)
 {
-    if (!m_aWnd.Create(WndKind::Child, parent, TamPoint(0, 0), TamSize(0, 0)))
-        return false;
-    SetAsWrap(&m_aWnd);
-    return true;
+    return CreateOwned(WndKind::Child, parent, TamPoint(0, 0), TamSize(0, 0));
 }
 
 void TamPaneDivider::Place(const CRectangle& rect, bool vertical)
 {
     m_bVertical = vertical;
     SetPointer(vertical ? WinCursor::SizeWE : WinCursor::SizeNS);
-    m_aWnd.MoveWindow(rect.Left(), rect.Top(), rect.Right() - rect.Left(), rect.Bottom() - rect.Top());
-    m_aWnd.ShowWindow(SW_SHOW);
+    Wnd().MoveWindow(rect.Left(), rect.Top(), rect.Right() - rect.Left(), rect.Bottom() - rect.Top());
+    Wnd().ShowWindow(SW_SHOW);
 }
 
 void TamPaneDivider::Paint(const CRectangle&)
 {
-    const TamSize size = m_aWnd.GetClientSize();
+    const TamSize size = Wnd().GetClientSize();
     ChangePen(Pen(TamColor(0xC0C0C0u)));
     ChangeFillInBrush(Brush(TamColor(0xC0C0C0u)));
     DrawRect(CRectangle(0, 0, size.Width(), size.Height()));
@@ -50,7 +42,7 @@ void TamPaneDivider::MouseButtonDown(const MouseEvent& event)
 {
     if (!(event.GetChangedButton() & MOUSE_LEFT))
         return;
-    const CRectangle r = m_aWnd.GetWindowRect();
+    const CRectangle r = Wnd().GetWindowRect();
     const TamPoint& pos = event.GetPosPixel();
     m_rManager.BeginDividerDrag(m_nIndex, m_rManager.ScreenToHost(TamPoint(r.Left() + pos.x, r.Top() + pos.y)));
 }

@@ -111,9 +111,10 @@ public:
     // surface from BeginPaint or GetSurface is given back with EndPaint/ReleaseSurface, which
     // shows what was drawn. Null when the window is unknown.
     virtual cairo_surface_t* BeginPaint(NativeWindow window, WindowBox& dirty) = 0;
-    virtual void EndPaint(NativeWindow window, cairo_surface_t* surface) = 0;
+    virtual void EndPaint(cairo_surface_t* surface) = 0;
     virtual cairo_surface_t* GetSurface(NativeWindow window) = 0;
-    virtual void ReleaseSurface(NativeWindow window, cairo_surface_t* surface) = 0;
+    // The loan is found by its surface, so a window destroyed meanwhile needs no handle.
+    virtual void ReleaseSurface(cairo_surface_t* surface) = 0;
     // What the window shows now, as a new ARGB32 image surface of its client size.
     virtual cairo_surface_t* Snapshot(NativeWindow window) = 0;
 

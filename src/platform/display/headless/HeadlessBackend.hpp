@@ -57,9 +57,9 @@ public:
     NativeWindow GetCapture() const override;
     void Invalidate(NativeWindow window, const WindowBox* box) override;
     cairo_surface_t* BeginPaint(NativeWindow window, WindowBox& dirty) override;
-    void EndPaint(NativeWindow window, cairo_surface_t* surface) override;
+    void EndPaint(cairo_surface_t* surface) override;
     cairo_surface_t* GetSurface(NativeWindow window) override;
-    void ReleaseSurface(NativeWindow window, cairo_surface_t* surface) override;
+    void ReleaseSurface(cairo_surface_t* surface) override;
     cairo_surface_t* Snapshot(NativeWindow window) override;
     std::vector<ScreenInfo> GetScreens() const override;
     int MessageBox(NativeWindow owner, const std::string& text, const std::string& caption,

@@ -44,7 +44,7 @@ cairo_surface_t* HeadlessBackend::GetSurface(NativeWindow window)
     return w ? m_aLoans.Lend(w, [](HWindow& r) { return r.dead ? nullptr : r.surface; }) : nullptr;
 }
 
-void HeadlessBackend::ReleaseSurface(NativeWindow, cairo_surface_t* surface)
+void HeadlessBackend::ReleaseSurface(cairo_surface_t* surface)
 {
     if (WindowPtr w = m_aLoans.TakeBack(surface))
         w->paintLock.unlock();
@@ -62,9 +62,9 @@ cairo_surface_t* HeadlessBackend::BeginPaint(NativeWindow window, WindowBox& dir
     return surface;
 }
 
-void HeadlessBackend::EndPaint(NativeWindow window, cairo_surface_t* surface)
+void HeadlessBackend::EndPaint(cairo_surface_t* surface)
 {
-    ReleaseSurface(window, surface);
+    ReleaseSurface(surface);
 }
 
 cairo_surface_t* HeadlessBackend::Snapshot(NativeWindow window)
@@ -79,7 +79,7 @@ cairo_surface_t* HeadlessBackend::Snapshot(NativeWindow window)
     cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
     cairo_paint(cr);
     cairo_destroy(cr);
-    ReleaseSurface(window, surface);
+    ReleaseSurface(surface);
     return copy;
 }
 

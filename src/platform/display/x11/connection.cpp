@@ -92,15 +92,54 @@ bool Connection::HasWindowManager()
 {
     if (!m_ewmh.connection)
         return false;
+    if (!m_bWatchingRoot) {
+        // Selected before the first question, so no change after the answer goes unseen.
+        const uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        xcb_change_window_attributes(m_xcb, Root(), XCB_CW_EVENT_MASK, &mask);
+        m_bWatchingRoot = true;
+    }
+    if (m_eWm == WmState::Unknown) {
+        m_wmCheck = AskWindowManager();
+        m_eWm = m_wmCheck != XCB_NONE ? WmState::Present : WmState::Absent;
+    }
+    return m_eWm == WmState::Present;
+}
+
+xcb_window_t Connection::AskWindowManager()
+{
     xcb_window_t check = XCB_NONE;
     if (!xcb_ewmh_get_supporting_wm_check_reply(&m_ewmh, xcb_ewmh_get_supporting_wm_check(&m_ewmh, Root()), &check,
                                                 nullptr))
-        return false;
-    // A stale check window left by a window manager that has gone does not count.
+        return XCB_NONE;
+    // Watched before it is looked at: its destruction tells that the manager went, even if the
+    // root's property stays. A stale check window left by a manager that has gone does not count.
+    const uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(m_xcb, check, XCB_CW_EVENT_MASK, &mask);
     xcb_window_t own = XCB_NONE;
-    return xcb_ewmh_get_supporting_wm_check_reply(&m_ewmh, xcb_ewmh_get_supporting_wm_check(&m_ewmh, check), &own,
-                                                  nullptr)
+    const bool live = xcb_ewmh_get_supporting_wm_check_reply(&m_ewmh, xcb_ewmh_get_supporting_wm_check(&m_ewmh, check),
+                                                             &own, nullptr)
         && own == check;
+    return live ? check : XCB_NONE;
+}
+
+void Connection::NoteEvent(const xcb_generic_event_t& event)
+{
+    switch (event.response_type & 0x7F) {
+    case XCB_PROPERTY_NOTIFY: {
+        const auto& property = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        if (property.window == Root() && m_ewmh.connection && property.atom == m_ewmh._NET_SUPPORTING_WM_CHECK)
+            m_eWm = WmState::Unknown;
+        break;
+    }
+    case XCB_DESTROY_NOTIFY:
+        if (m_wmCheck != XCB_NONE && reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == m_wmCheck) {
+            m_wmCheck = XCB_NONE;
+            m_eWm = WmState::Unknown;
+        }
+        break;
+    default:
+        break;
+    }
 }
 
 void Connection::WaitReadable(int timeoutMs)

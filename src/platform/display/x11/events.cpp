@@ -108,6 +108,7 @@ bool X11Backend::Translate(const xcb_generic_event_t* event, const xcb_generic_e
 {
     uint8_t type = event->response_type & 0x7F;
     uint8_t nextType = next ? next->response_type & 0x7F : 0;
+    m_connection->NoteEvent(*event);
     switch (type) {
     case XCB_KEY_PRESS:
         OnKey(*reinterpret_cast<const xcb_key_press_event_t*>(event), true);

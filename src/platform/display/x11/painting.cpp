@@ -102,7 +102,7 @@ cairo_surface_t* X11Backend::BeginPaint(NativeWindow window, WindowBox& dirty)
     return surface;
 }
 
-void X11Backend::EndPaint(NativeWindow, cairo_surface_t* surface)
+void X11Backend::EndPaint(cairo_surface_t* surface)
 {
     std::shared_ptr<WindowRecord> record = m_loans.TakeBack(surface);
     if (!record)
@@ -123,7 +123,7 @@ cairo_surface_t* X11Backend::GetSurface(NativeWindow window)
     return record ? Lend(record) : nullptr;
 }
 
-void X11Backend::ReleaseSurface(NativeWindow, cairo_surface_t* surface)
+void X11Backend::ReleaseSurface(cairo_surface_t* surface)
 {
     std::shared_ptr<WindowRecord> record = m_loans.TakeBack(surface);
     if (!record)
