@@ -25,7 +25,6 @@ TEST_F(DockLayoutTest, WindowsStandWhereTheSolverPutsThemAtEverySize)
     // Outermost bottom band spans the frame; the left band stands above it.
     EXPECT_EQ(HostRect(bottom), CRectangle(0, kHeight - 120, kWidth, kHeight));
     EXPECT_EQ(Width(HostRect(left)), 200);
-    EXPECT_EQ(Height(HostRect(below)), 240);
     EXPECT_EQ(HostRect(left).Right(), HostRect(below).Right());
     // Three band dividers and one for the split, each with its own window where the solver says.
     const auto& dividers = manager->GetModel().GetSolution().dividers;
@@ -211,8 +210,9 @@ TEST_F(DockLayoutTest, DockSitesAndAutoHide)
         Pump();
         EXPECT_EQ(site->GetShownPane(), out ? below : nullptr);
         EXPECT_EQ(below->GetCWnd()->IsWindowVisible(), out);
-        if (out)
+        if (out) {
             EXPECT_EQ(HostRect(below), CRectangle(strip, 0, strip + 200, kHeight));
+        }
     }
 
     // Pinned back: the strip goes and every rectangle is as before.
