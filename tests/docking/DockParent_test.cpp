@@ -275,6 +275,7 @@ TEST_F(DockParentTest, SiblingThatIsASplitAndBandRank)
     ASSERT_NE(holder, nullptr);
     EXPECT_EQ(holder, &p->GetRRecentDockPosition().GetNeighbourVec().front());
     EXPECT_EQ(holder->GetAlign(), CBRS_ALIGN_TOP);
+    EXPECT_EQ(holder->GetName(), SString("C")); // the split's part next to P in the tree
     p->ShowPane();
     EXPECT_EQ(manager->GetDockParent().GetLastPlacementStep(), DockPlacementStep::Holder);
     EXPECT_EQ(RectsByPane(), start);
