@@ -1,4 +1,5 @@
-// Divider drags and drag-to-dock through injected mouse and key messages.
+// Divider drags and drag-to-dock through injected mouse and key messages. (Clamping by minimum
+// sizes is the layout model's, drags and back on random layouts the fidelity simulator's.)
 #include "DockFrameFixture.hpp"
 
 namespace vesk::test {
@@ -9,18 +10,11 @@ uint32_t HookCount()
     return GlGetPWinMsgRouter()->GetHookCount();
 }
 
-class DockDragTest : public DockFrameTest {
+class DockDragTest : public DockBandsTest {
 protected:
     void SetUp() override
     {
-        DockFrameTest::SetUp();
-        left = Pane("Left");
-        right = Pane("Right");
-        below = Pane("Below");
-        ASSERT_TRUE(manager->DockIntoParent(left, CBRS_ALIGN_LEFT, 200, false));
-        ASSERT_TRUE(manager->DockIntoParent(right, CBRS_ALIGN_RIGHT, 150, false));
-        ASSERT_TRUE(manager->DockIntoPane(below, left, CBRS_ALIGN_BOTTOM, 240));
-        Pump();
+        DockBandsTest::SetUp();
         hooks = HookCount();
     }
     NativeWindow SplitDivider() const
@@ -29,9 +23,6 @@ protected:
         return manager->GetContainers()[0]->GetDivider()->GetHandle();
     }
 
-    TamDockablePane* left = nullptr;
-    TamDockablePane* right = nullptr;
-    TamDockablePane* below = nullptr;
     uint32_t hooks = 0;
 };
 
@@ -58,31 +49,6 @@ TEST_F(DockDragTest, DividerDragMovesExactlyItsTwoNeighbours)
     EXPECT_EQ(HookCount(), hooks);
     EXPECT_EQ(HostRect(left), CRectangle(l.Left(), l.Top(), l.Right(), l.Bottom() + 30));
     EXPECT_EQ(HostRect(below), CRectangle(b.Left(), b.Top() + 30, b.Right(), b.Bottom()));
-    EXPECT_EQ(HostRect(right), r);
-    EXPECT_EQ(Rects(), SolverRects());
-}
-
-TEST_F(DockDragTest, DividerDragIsClampedByMinimumSizes)
-{
-    const CRectangle b = HostRect(below);
-    Drag(SplitDivider(), TamPoint(50, 2), {TamPoint(50, 100), TamPoint(50, -5000)});
-    EXPECT_EQ(Height(HostRect(left)), 40);
-    EXPECT_EQ(HostRect(below).Bottom(), b.Bottom());
-    Drag(SplitDivider(), TamPoint(50, 2), {TamPoint(50, 9000)});
-    EXPECT_EQ(Height(HostRect(below)), 40);
-
-    // The left band's divider: the band narrows, the right band stays.
-    const CRectangle r = HostRect(right);
-    const CRectangle l = HostRect(left);
-    NativeWindow band = nullptr;
-    for (const auto& divider : manager->GetDividers()) {
-        if (divider->IsVertical() && HostRect(divider->GetCWnd()).Left() == l.Right())
-            band = divider->GetHandle();
-    }
-    ASSERT_NE(band, nullptr);
-    Drag(band, TamPoint(2, 100), {TamPoint(l.Right() + 2 - 20, 100)});
-    EXPECT_EQ(HostRect(left), CRectangle(l.Left(), l.Top(), l.Right() - 20, l.Bottom()));
-    EXPECT_EQ(Width(HostRect(below)), Width(l) - 20);
     EXPECT_EQ(HostRect(right), r);
     EXPECT_EQ(Rects(), SolverRects());
 }

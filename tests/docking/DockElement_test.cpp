@@ -1,5 +1,5 @@
 // The layout tree's geometry, holders, titles, identifiers, dumps, copies and relations.
-#include "DockElementTestUtil.hpp"
+#include "DockingTestUtil.hpp"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,6 @@ std::unique_ptr<DockPaneElement> At(int32_t l, int32_t t, int32_t r, int32_t b)
 
 TEST(DockElementGeometry, NeighbourSideAllowsThreePixelsBeyondTheDivider)
 {
-    EXPECT_EQ(DockElement::GetDividerWidth(), 5);
     const CRectangle rect(0, 0, 100, 100);
     // el starts 3 pixels beyond the divider right of rect: adjacent; 4 pixels: not.
     EXPECT_EQ(DockElement::GetNeighbourAlign(CRectangle(108, 0, 200, 100), rect), CBRS_ALIGN_RIGHT);

@@ -24,12 +24,6 @@ protected:
                                                                   best.score);
         return best;
     }
-    static DockPosition Unplaced(const TamSize& size)
-    {
-        DockPosition pos;
-        pos.PlaceNew(DockOrientation(), size);
-        return pos;
-    }
 };
 
 TEST_F(DockScoreTest, AlignmentBonusAndAspectError)
@@ -108,8 +102,7 @@ TEST_F(DockScoreTest, HeightZeroNeverWins)
 
 TEST_F(DockScoreTest, PlacedPositionsScoreOverlapAndDistance)
 {
-    DockPosition pos;
-    pos.PlaceNew(DockOrientation(), TamSize(200, 800));
+    DockPosition pos = Unplaced(TamSize(200, 800));
     pos.SetPos(TamPoint(0, 0));
     const Best best = Try(CRectangle(0, 0, 1000, 800), pos);
     // The left candidate (140 x 800 at the origin) overlaps the old place and lies 30 from it.

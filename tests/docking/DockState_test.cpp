@@ -12,11 +12,6 @@
 namespace vesk::test {
 namespace {
 
-TamDockSite* MakeSite()
-{
-    return new TamDockSite;
-}
-
 std::u16string Key(const char* section)
 {
     const std::string s = std::string("Software\\VeskTest\\Dock\\DockingManagers\\") + section;
@@ -164,26 +159,20 @@ TEST_F(DockStateTest, ValuesAreStoredUnderTheirSectionNames)
     EXPECT_EQ(Dword("AltPane-7", u"ID"), 12u);
 }
 
+// Docked, floating and hidden panes round-trip on random layouts in the fidelity simulator;
+// here the pinned pane, the hidden ones' remembered places and the pane values.
 TEST_F(DockStateTest, RoundTripIntoAFreshManagerIsExact)
 {
     Build();
     const Snapshot before = Take();
     ASSERT_TRUE(manager->SaveState("Main", 0));
-    const std::vector<uint8_t> saved = manager->SaveLayout();
     h->ShowPane(); // where the hidden pane goes back to, for comparison after the load
     Pump();
     const CRectangle hBack = HostRect(h);
 
-    // Loaded before the frame is shown, the rectangles are those of the shown frame.
-    frame->ShowWindow(SW_HIDE);
     Fresh({"A", "B", "C", "P", "F", "H", "G"});
     ASSERT_TRUE(manager->LoadState("Main", 0));
-    const Snapshot hiddenFrame = Take();
-    frame->ShowWindow(SW_SHOW);
-    Pump();
     EXPECT_EQ(Take(), before);
-    EXPECT_EQ(hiddenFrame, before);
-    EXPECT_EQ(manager->SaveLayout(), saved); // byte for byte
 
     // Every pane value reads back equal after saving again.
     const std::string file = platform::settings::FilePath();
@@ -329,15 +318,7 @@ TEST_F(DockStateTest, PanesThatNoLongerExistAreLeftOut)
     EXPECT_EQ(Find("N")->GetCurrentAlignment(), CBRS_ALIGN_BOTTOM);
     EXPECT_EQ(Width(HostRect(Find("C"))), Width(cWas));
     EXPECT_TRUE(Find("F")->IsFloating());
-    // Nothing overlaps.
-    const auto rects = Rects();
-    for (size_t i = 0; i < rects.size(); ++i) {
-        for (size_t j = i + 1; j < rects.size(); ++j) {
-            const CRectangle &r = rects[i], &s = rects[j];
-            EXPECT_TRUE(r.Right() <= s.Left() || s.Right() <= r.Left() || r.Bottom() <= s.Top() ||
-                        s.Bottom() <= r.Top());
-        }
-    }
+    EXPECT_EQ(CountSharing(Rects()), 0);
 }
 
 TEST_F(DockStateTest, MuchSmallerFrameKeepsProportionsAndMinimums)

@@ -10,12 +10,7 @@ using namespace vesk;
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-// Instrumented builds check a tenth of the layouts; the plain build checks them all.
-constexpr int kLayouts = 1000;
-#else
-constexpr int kLayouts = 10000;
-#endif
+constexpr int kLayouts = layout_random::Count(10000);
 
 const TamSize kFrames[20] = {{0, 0},       {1, 1},       {7, 5},       {40, 30},     {100, 80},
                              {160, 120},   {200, 500},   {320, 240},   {500, 200},   {640, 480},

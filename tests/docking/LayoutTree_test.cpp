@@ -1,6 +1,6 @@
 // The layout tree of the layout model: holders built from splits, positions filled from the
 // tree, and the tree docked again (also after a trip through its record) into a fresh model.
-#include "DockElementTestUtil.hpp"
+#include "DockingTestUtil.hpp"
 
 #include "docking/layout/LayoutTree.hpp"
 #include "models/layout_random.hpp"
@@ -15,11 +15,7 @@ using namespace vesk::test;
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr int kLayouts = 200;
-#else
-constexpr int kLayouts = 2000;
-#endif
+constexpr int kLayouts = layout_random::Count(2000);
 
 const TamSize kFrame(1280, 960);
 

@@ -14,6 +14,7 @@
 
 #include "docking/frame/DockDrag_p.hpp"
 #include "docking/layout/LayoutModel.hpp"
+#include "docking/layout/LayoutRecord_p.hpp"
 
 #include <vesk/docking/DataBuffer.hpp>
 #include <vesk/docking/TamDockablePane.hpp>
@@ -31,8 +32,7 @@ namespace {
 constexpr uint32_t kLayoutVersion = 1;
 // Raised only when a change makes older readers misread the value.
 constexpr uint32_t kOldestReader = 1;
-constexpr uint32_t kMaxRecords = 4096;
-constexpr int32_t kMaxName = 1024;
+using namespace layout_record;
 
 struct AwayPane {
     SString sName;
@@ -70,7 +70,7 @@ bool ReadAway(DataBuffer& b, AwayPane& a)
 bool ReadAwayList(DataBuffer& b, std::vector<AwayPane>& list, std::set<SString>& names)
 {
     uint32_t n = 0;
-    if (!b.ReadUInt32(n) || n > kMaxRecords)
+    if (!b.ReadUInt32(n) || n > kMaxAwayPanes)
         return false;
     list.resize(n);
     for (AwayPane& a : list) {
@@ -105,7 +105,7 @@ bool ReadSavedLayout(DataBuffer& b, LayoutModel& model, SavedLayout& saved)
     {
         LocalSizedRead pinned(b);
         uint32_t sites = 0;
-        if (!pinned.IsOpen() || !b.ReadUInt32(sites) || sites > 4)
+        if (!pinned.IsOpen() || !b.ReadUInt32(sites) || sites > kMaxDockSites)
             return false;
         saved.aPinned.resize(sites);
         for (auto& [align, list] : saved.aPinned) {

@@ -7,6 +7,7 @@
 // 96 DPI; a split holds whether its children lie side by side and its two 64-bit weights as
 // low and high 32-bit halves. The split's children follow it.
 #include "docking/layout/LayoutModel.hpp"
+#include "docking/layout/LayoutRecord_p.hpp"
 
 #include <vesk/docking/DataBuffer.hpp>
 
@@ -16,11 +17,7 @@ namespace vesk {
 
 namespace {
 
-// Bounds on what a stored model may hold; larger counts are damage.
-constexpr uint32_t kMaxBands = 256;
-constexpr int32_t kMaxNodes = 4096;
-constexpr int32_t kMaxDepth = 64;
-constexpr int32_t kMaxName = 1024;
+using namespace layout_record;
 
 void WriteWeight(DataBuffer& buffer, int64_t w)
 {

@@ -1,6 +1,6 @@
 #include "Metrics.hpp"
 
-#include "docking/layout/LayoutModel.hpp"
+#include "docking/DockFrameFixture.hpp"
 
 #include <algorithm>
 #include <cstdlib>
@@ -29,13 +29,6 @@ int32_t Between(const PaneShot& was, const PaneShot* now)
     if (!now || now->state != was.state)
         return kStateChanged;
     return Displacement(was.rect, now->rect);
-}
-
-bool Intersect(const CRectangle& a, const CRectangle& b)
-{
-    const int32_t w = std::min(a.Right(), b.Right()) - std::max(a.Left(), b.Left());
-    const int32_t h = std::min(a.Bottom(), b.Bottom()) - std::max(a.Top(), b.Top());
-    return w > 0 && h > 0;
 }
 
 } // namespace
@@ -67,9 +60,9 @@ int32_t CountOverlaps(const Snapshot& shot, const std::vector<CRectangle>& bars)
         if (shot[i].state != PaneState::Docked)
             continue;
         for (size_t j = i + 1; j < shot.size(); ++j)
-            count += shot[j].state == PaneState::Docked && Intersect(shot[i].rect, shot[j].rect) ? 1 : 0;
+            count += shot[j].state == PaneState::Docked && test::SharePixels(shot[i].rect, shot[j].rect) ? 1 : 0;
         for (const CRectangle& bar : bars)
-            count += Intersect(shot[i].rect, bar) ? 1 : 0;
+            count += test::SharePixels(shot[i].rect, bar) ? 1 : 0;
     }
     return count;
 }

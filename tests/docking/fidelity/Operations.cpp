@@ -1,8 +1,7 @@
 #include "Operations.hpp"
 
 #include "Layout.hpp"
-#include "docking/layout/LayoutModel.hpp"
-#include "window/WindowFixture.hpp"
+#include "docking/DockFrameFixture.hpp"
 
 #include <vesk/docking/TamPaneContainer.hpp>
 #include <vesk/docking/TamPaneFrameWnd.hpp>
@@ -53,6 +52,27 @@ TamDockablePane* RandomDocked(const Session& session, Rng& rng)
     return docked[static_cast<size_t>(Uniform(rng, 0, static_cast<int32_t>(docked.size()) - 1))];
 }
 
+// A random docked pane to operate on, recorded with how it sits in the layout; null when none
+// is docked.
+TamDockablePane* PickPane(const Session& session, Rng& rng, OpRecord& record)
+{
+    TamDockablePane* pane = RandomDocked(session, rng);
+    if (pane) {
+        record.hasPane = true;
+        record.paneClass = ClassifyPane(session.Manager(), *pane);
+    }
+    return pane;
+}
+
+// Counts a pane floated again, and whether it took the rectangle `was`.
+void CountFloatAgain(const TamDockablePane& pane, const CRectangle& was, OpRecord& record)
+{
+    CRectangle now;
+    ++record.floatAgain;
+    if (pane.GetMiniFrameScreenRect(now) && now == was)
+        ++record.floatAgainIdentical;
+}
+
 void CountStep(const Session& session, OpRecord& record)
 {
     ++record.steps[static_cast<size_t>(session.Manager().GetDockParent().GetLastPlacementStep())];
@@ -82,24 +102,20 @@ std::pair<Snapshot, Snapshot> HideShowCycle(Session& session, TamDockablePane& p
 
 void HideShow(Session& session, Rng& rng, OpRecord& record)
 {
-    TamDockablePane* pane = RandomDocked(session, rng);
+    TamDockablePane* pane = PickPane(session, rng, record);
     if (!pane)
         return;
-    record.hasPane = true;
-    record.paneClass = ClassifyPane(session.Manager(), *pane);
     const auto [before, after] = HideShowCycle(session, *pane, record);
-    record.paneDisplacement = PaneDisplacement(before, after, static_cast<const char*>(pane->GetName()));
+    record.paneDisplacement = PaneDisplacement(before, after, NameOf(*pane));
     Finish(before, after, record);
 }
 
 void FloatRedock(Session& session, Rng& rng, OpRecord& record)
 {
-    TamDockablePane* pane = RandomDocked(session, rng);
+    TamDockablePane* pane = PickPane(session, rng, record);
     if (!pane)
         return;
-    record.hasPane = true;
-    record.paneClass = ClassifyPane(session.Manager(), *pane);
-    const std::string name = static_cast<const char*>(pane->GetName());
+    const std::string name = NameOf(*pane);
     const Snapshot before = session.Shoot();
     pane->FloatPane();
     Session::Pump();
@@ -113,10 +129,7 @@ void FloatRedock(Session& session, Rng& rng, OpRecord& record)
     // Floated again, it takes the rectangle it floated at.
     pane->FloatPane();
     Session::Pump();
-    CRectangle again;
-    ++record.floatAgain;
-    if (pane->GetMiniFrameScreenRect(again) && again == floated)
-        ++record.floatAgainIdentical;
+    CountFloatAgain(*pane, floated, record);
     Finish(before, after, record);
 }
 
@@ -216,15 +229,13 @@ void RemoveMonitor(Session& session, Rng& rng, OpRecord& record)
     // Each floating pane hidden and shown floats again exactly where it was.
     for (size_t i = 0; i < session.PaneCount(); ++i) {
         TamDockablePane* pane = session.Pane(i);
-        CRectangle was, now;
+        CRectangle was;
         if (!pane->GetMiniFrameScreenRect(was))
             continue;
         pane->HidePane();
         pane->ShowPane();
         Session::Pump();
-        ++record.floatAgain;
-        if (pane->GetMiniFrameScreenRect(now) && now == was)
-            ++record.floatAgainIdentical;
+        CountFloatAgain(*pane, was, record);
     }
     record.lost += CountLost(before, session.Shoot(), Screens(), kReachable);
     record.ran = true;
@@ -243,15 +254,7 @@ int32_t DragDivider(Session& session, size_t index, int32_t delta)
     const TamPoint grab(bar.Left() + gx, bar.Top() + gy);
     const TamPoint to = vertical ? TamPoint(grab.x + delta, grab.y) : TamPoint(grab.x, grab.y + delta);
     const TamPoint half((grab.x + to.x) / 2, (grab.y + to.y) / 2);
-    display::HeadlessBackend& display = test::Headless();
-    display.InjectMouseButton(divider.GetHandle(), display::MouseButton::Left, true, gx, gy);
-    Session::Pump();
-    display.InjectMouseMove(session.HostHandle(), half.x, half.y);
-    Session::Pump();
-    display.InjectMouseMove(session.HostHandle(), to.x, to.y);
-    Session::Pump();
-    display.InjectMouseButton(session.HostHandle(), display::MouseButton::Left, false, to.x, to.y);
-    Session::Pump();
+    test::DragInHost(session.Manager(), divider.GetHandle(), TamPoint(gx, gy), {half, to});
     const CRectangle moved = session.HostRect(*session.Manager().GetDividers()[index]->GetCWnd());
     return vertical ? moved.Left() - bar.Left() : moved.Top() - bar.Top();
 }
@@ -279,7 +282,7 @@ void Chain(Session& session, Rng& rng, OpRecord& record)
             break;
         ++record.cycles;
         const auto [before, after] = HideShowCycle(session, *pane, record);
-        record.cyclesReturned += PaneDisplacement(before, after, static_cast<const char*>(pane->GetName())) <= 1 ? 1 : 0;
+        record.cyclesReturned += PaneDisplacement(before, after, NameOf(*pane)) <= 1 ? 1 : 0;
         record.cyclesAllBack += Compare(before, after).allWithin1 ? 1 : 0;
     }
     const Snapshot end = session.Shoot();

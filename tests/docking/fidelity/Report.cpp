@@ -140,14 +140,12 @@ std::vector<Goal> EvaluateGoals(const Summaries& s)
                               chain.cycles, 0.0));
     goals.push_back(ShareGoal("chain cycles returning every pane within 1 px (no goal)", chain.cyclesAllBack,
                               chain.cycles, 0.0));
-    int32_t placed = 0;
+    int32_t placed = 0, emergency = 0;
     for (OpKind kind : {OpKind::HideShow, OpKind::FloatRedock, OpKind::Chain}) {
         for (size_t k = 1; k < kStepCount; ++k)
             placed += Of(s, kind).steps[k];
-    }
-    int32_t emergency = 0;
-    for (OpKind kind : {OpKind::HideShow, OpKind::FloatRedock, OpKind::Chain})
         emergency += Of(s, kind).steps[static_cast<size_t>(DockPlacementStep::Emergency)];
+    }
     goals.push_back({"emergency placements <= 2%", ShareText(emergency, placed), emergency * 100 <= placed * 2});
     goals.push_back(ShareGoal("floated again at the identical rectangle", floatIdentical, floatAgain, 100.0));
     const OpSummary& monitor = Of(s, OpKind::MonitorRemoval);

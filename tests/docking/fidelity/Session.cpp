@@ -1,7 +1,7 @@
 #include "Session.hpp"
 
+#include "docking/DockFrameFixture.hpp"
 #include "support/ConfigHomeGuard.hpp"
-#include "window/WindowFixture.hpp"
 
 #include <vesk/docking/TamPaneContainer.hpp>
 #include <vesk/docking/TamPaneFrameWnd.hpp>
@@ -53,16 +53,14 @@ TamSize Session::ClientSize() const
 
 CRectangle Session::HostRect(const CWnd& wnd) const
 {
-    const CRectangle host = m_pManager->GetHost()->GetWindowRect();
-    const CRectangle r = wnd.GetWindowRect();
-    return CRectangle(r.Left() - host.Left(), r.Top() - host.Top(), r.Right() - host.Left(), r.Bottom() - host.Top());
+    return test::HostRectOf(*m_pManager, wnd);
 }
 
 Snapshot Session::Shoot() const
 {
     Snapshot shot;
     for (const auto& pane : m_aPanes) {
-        PaneShot s{static_cast<const char*>(pane->GetName()), PaneState::Hidden, CRectangle(), pane->GetMinSize()};
+        PaneShot s{NameOf(*pane), PaneState::Hidden, CRectangle(), pane->GetMinSize()};
         if (pane->IsDocked()) {
             s.state = PaneState::Docked;
             s.rect = HostRect(*pane->GetCWnd());
@@ -84,8 +82,7 @@ std::vector<CRectangle> Session::DividerRects() const
 
 void Session::Pump()
 {
-    for (int i = 0; i < 4; ++i)
-        PumpMessages();
+    test::PumpDocking();
 }
 
 HeadlessLibrary::HeadlessLibrary() : m_pConfig(std::make_unique<test::ConfigHomeGuard>())

@@ -25,6 +25,11 @@ inline int32_t Uniform(Rng& rng, int32_t lo, int32_t hi)
     return std::uniform_int_distribution<int32_t>(lo, hi)(rng);
 }
 
+inline std::string NameOf(const TamDockablePane& pane)
+{
+    return static_cast<const char*>(pane.GetName());
+}
+
 enum class PaneState : uint8_t { Hidden, Docked, Floating };
 
 // Where one pane is: docked panes in the host's client coordinates (their window, not the
@@ -49,8 +54,6 @@ public:
     TamDockablePane* Pane(size_t i) const { return m_aPanes[i].get(); }
     size_t PaneCount() const { return m_aPanes.size(); }
     TamDockingManager& Manager() const { return *m_pManager; }
-    CFrameWnd& Frame() const { return *m_pFrame; }
-    NativeWindow HostHandle() const { return m_pManager->GetHost()->GetSafeHwnd(); }
 
     void Show();
     // The frame's client area changes size, as when the user resizes it.

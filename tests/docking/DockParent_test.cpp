@@ -1,5 +1,6 @@
-// Each rule of DockWithPosition reached by a layout built for it, the emergency places, and
-// the application's callbacks in their order.
+// Each rule of DockWithPosition reached by a layout built for it, the emergency places, the
+// application's callbacks in their order, and returns beside a split sibling or into an inner
+// band. (Returns on random layouts are the fidelity simulator's.)
 #include "DockFrameFixture.hpp"
 
 #include <string>
@@ -16,19 +17,12 @@ protected:
     bool DockHeuristic(TamDockablePane*, const DockPosition&) override { return false; }
 };
 
-DockPosition Unplaced(const TamSize& size)
-{
-    DockPosition pos;
-    pos.PlaceNew(DOCK_ORIENT_HORZ, size);
-    return pos;
-}
-
-class DockStepTest : public DockFrameTest {
+class DockParentTest : public DockFrameTest {
 protected:
     TamDockParentWnd& Parent() const { return manager->GetDockParent(); }
 };
 
-TEST_F(DockStepTest, JustifiedNeighbourBesideTheFreeSpace)
+TEST_F(DockParentTest, JustifiedNeighbourBesideTheFreeSpace)
 {
     TamDockablePane* n = Pane("N");
     TamDockablePane* p = Pane("P");
@@ -54,7 +48,7 @@ TEST_F(DockStepTest, JustifiedNeighbourBesideTheFreeSpace)
     EXPECT_EQ(Parent().GetLastPlacementStep(), DockPlacementStep::Heuristic);
 }
 
-TEST_F(DockStepTest, AlignedRowIsDockedAgainWithTheRestOfItsLength)
+TEST_F(DockParentTest, AlignedRowIsDockedAgainWithTheRestOfItsLength)
 {
     // A top band 370 wide (a right band takes the rest) with A | B | C of 100, 120 and 140.
     TamDockablePane* right = Pane("Right");
@@ -91,7 +85,7 @@ TEST_F(DockStepTest, AlignedRowIsDockedAgainWithTheRestOfItsLength)
     EXPECT_NE(Parent().GetLastPlacementStep(), DockPlacementStep::AlignedRow);
 }
 
-TEST_F(DockStepTest, FloatingThenHeuristicWithoutNeighbours)
+TEST_F(DockParentTest, FloatingThenHeuristicWithoutNeighbours)
 {
     TamDockablePane* a = Pane("A");
     TamDockablePane* p = Pane("P");
@@ -116,7 +110,7 @@ TEST_F(DockStepTest, FloatingThenHeuristicWithoutNeighbours)
     EXPECT_TRUE(pr.Left() >= ar.Right() || pr.Top() >= ar.Bottom() || pr.Bottom() <= ar.Top());
 }
 
-TEST_F(DockStepTest, EmergencyPlacesInAThousandByEightHundredParent)
+TEST_F(DockParentTest, EmergencyPlacesInAThousandByEightHundredParent)
 {
     Display().InjectResize(frame->GetSafeHwnd(), 1000, 800);
     Pump();
@@ -145,12 +139,10 @@ TEST_F(DockStepTest, EmergencyPlacesInAThousandByEightHundredParent)
     EXPECT_EQ(HostRect(tall), CRectangle(750, 0, 1000, 800));
 }
 
-TEST_F(DockStepTest, RoomInTheNeighbourHolder)
+TEST_F(DockParentTest, RoomInTheNeighbourHolder)
 {
-    TamDockablePane* a = Pane("A");
     TamDockablePane* b = Pane("B");
-    ASSERT_TRUE(manager->DockIntoParent(a, CBRS_ALIGN_LEFT, 250, false));
-    ASSERT_TRUE(manager->DockIntoPane(b, a, CBRS_ALIGN_BOTTOM, 100));
+    DockStack(Pane("A"), b, 250, 100);
     // Across the stacked holder: nothing; along it: two thirds of the holder's height.
     Parent().MakeRoomInNeighbourHolder(b, CBRS_ALIGN_LEFT);
     EXPECT_EQ(Height(HostRect(b)), 100);
@@ -199,7 +191,7 @@ struct Recorder {
     }
 };
 
-TEST_F(DockStepTest, CallbacksInTheirOrderAndRefusal)
+TEST_F(DockParentTest, CallbacksInTheirOrderAndRefusal)
 {
     Recorder rec;
     DockParentCallBacks cb;
@@ -215,8 +207,7 @@ TEST_F(DockStepTest, CallbacksInTheirOrderAndRefusal)
     TamDockablePane* b = Pane("B");
     Window body;
     b->SetLibraryWindow(&body);
-    ASSERT_TRUE(manager->DockIntoParent(a, CBRS_ALIGN_LEFT, 250, false));
-    ASSERT_TRUE(manager->DockIntoPane(b, a, CBRS_ALIGN_BOTTOM, 200));
+    DockStack(a, b, 250, 200);
     const auto start = RectsByPane();
 
     // Refused: nothing changes, not even the recent position.
@@ -262,6 +253,45 @@ TEST_F(DockStepTest, CallbacksInTheirOrderAndRefusal)
     EXPECT_EQ(rec.saved.GetName(), SString("B"));
     EXPECT_EQ(rec.saved.GetRectRecentFloat(), CRectangle(5, 6, 305, 206));
     EXPECT_EQ(b->GetRecentFloatRect(), CRectangle(5, 6, 305, 206));
+}
+
+TEST_F(DockParentTest, SiblingThatIsASplitAndBandRank)
+{
+    // Left band: A over P; then C beside A, so that P's sibling is the split A | C.
+    TamDockablePane* top = Pane("Top");
+    ASSERT_TRUE(manager->DockIntoParent(top, CBRS_ALIGN_TOP, 90, false));
+    TamDockablePane* a = Pane("A");
+    TamDockablePane* p = Pane("P");
+    DockStack(a, p, 300, 150);
+    TamDockablePane* mid = Pane("Mid");
+    ASSERT_TRUE(manager->DockIntoParent(mid, CBRS_ALIGN_BOTTOM, 70, false));
+    TamDockablePane* c = Pane("C");
+    ASSERT_TRUE(manager->DockIntoPane(c, a, CBRS_ALIGN_RIGHT, 100));
+    Pump();
+    const auto start = RectsByPane();
+
+    p->HidePane();
+    const DockNeighbour* holder = p->GetRRecentDockPosition().GetHolderNeighbour();
+    ASSERT_NE(holder, nullptr);
+    EXPECT_EQ(holder, &p->GetRRecentDockPosition().GetNeighbourVec().front());
+    EXPECT_EQ(holder->GetAlign(), CBRS_ALIGN_TOP);
+    EXPECT_EQ(holder->GetName(), SString("C")); // the split's part next to P in the tree
+    p->ShowPane();
+    EXPECT_EQ(manager->GetDockParent().GetLastPlacementStep(), DockPlacementStep::Holder);
+    EXPECT_EQ(RectsByPane(), start);
+    // Its sibling split stands above it again, not only the pane it was named by.
+    EXPECT_EQ(Width(HostRect(p)), Width(HostRect(a)) + Width(HostRect(c)) + 5);
+
+    // The band between the top band and the bottom one keeps its rank, not the outermost.
+    mid->HidePane();
+    EXPECT_EQ(mid->GetRRecentDockPosition().GetMarginAlign(), CBRS_ALIGN_BOTTOM);
+    EXPECT_TRUE(mid->GetRRecentDockPosition().IsMarginDock());
+    mid->ShowPane();
+    EXPECT_EQ(manager->GetDockParent().GetLastPlacementStep(), DockPlacementStep::Margin);
+    EXPECT_EQ(RectsByPane(), start);
+    top->HidePane();
+    top->ShowPane();
+    EXPECT_EQ(RectsByPane(), start);
 }
 
 } // namespace
