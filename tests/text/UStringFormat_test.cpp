@@ -52,6 +52,7 @@ TEST(UStringNumbers, ReadTheAsciiCharactersOnly)
     EXPECT_EQ(static_cast<int64_t>(UString(u"-9000000000")), -9000000000);
     // A character beyond ASCII ends the number, and is no blank before it.
     EXPECT_EQ(static_cast<int>(UString(u"12\u0663")), 12);
+    EXPECT_EQ(static_cast<int>(UString(u"1\u0132")), 1); // not the digit 2 of its low byte
     EXPECT_EQ(static_cast<int>(UString(u"\u00A012")), 0);
     EXPECT_TRUE(UString(u"TRUE").ToBool());
     EXPECT_FALSE(UString(u"1\u00E9").ToBool());
