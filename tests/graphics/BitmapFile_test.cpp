@@ -12,26 +12,19 @@
 
 #include <cmath>
 #include <filesystem>
-#include <fstream>
-
-#include <unistd.h>
 
 namespace vesk {
 namespace {
 
+using test::Entry;
 using test::PixelsOf;
-
 using test::ReadBytes;
-
-void WriteBytes(const std::string& path, const std::vector<uint8_t>& bytes)
-{
-    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()), std::streamsize(bytes.size()));
-}
+using test::WriteBytes;
 
 Bitmap LoadFile(const std::string& path)
 {
     Bitmap b;
-    EXPECT_EQ(b.Load(DirEntry(SString(path.c_str()))), ERR_OK);
+    EXPECT_EQ(b.Load(Entry(path)), ERR_OK);
     return b;
 }
 
@@ -55,31 +48,34 @@ TEST(BitmapFile, LosslessFormatsRoundTripEveryPixel)
     for (const char* name : {"a.png", "b.PNG", "c.tif", "d.TIFF"}) {
         const std::string path = dir.File(name);
         Bitmap source = original;
-        ASSERT_EQ(source.Save(DirEntry(SString(path.c_str()))), ERR_OK) << name;
+        ASSERT_EQ(source.Save(Entry(path)), ERR_OK) << name;
         const Bitmap back = LoadFile(path);
         EXPECT_EQ(back.GetSize(), TamSize(37, 23)) << name;
         EXPECT_EQ(PixelsOf(back), PixelsOf(original)) << name;
     }
 }
 
-// Writing reads the bitmap only: an opaque view is encoded as it is and gains no picture, and
-// a second save replaces the first file.
+// Writing reads the bitmap only: an opaque view (either form) is encoded as opaque pixels and
+// gains no picture, and a second save replaces the first file.
 TEST(BitmapFile, SavingLeavesTheBitmapAsItWas)
 {
     test::TempDir dir;
+    const std::string path = dir.File("o.png");
+    const uint32_t alpha[2] = {0x80112233u, 0x12445566u};
+    ASSERT_EQ(Bitmap(BitmapPixels{2, 1, 0, alpha, false}).Save(Entry(path)), ERR_OK);
+    EXPECT_EQ(PixelsOf(LoadFile(path)), (std::vector<uint32_t>{0xFF112233u, 0xFF445566u}));
     const uint32_t pixels[2] = {0x00102030u, 0x00405060u};
     Bitmap opaque(BitmapPixels{2, 1, 0, pixels, true});
-    const std::string path = dir.File("o.png");
-    ASSERT_EQ(opaque.Save(DirEntry(SString(path.c_str()))), ERR_OK);
+    ASSERT_EQ(opaque.Save(Entry(path)), ERR_OK);
     EXPECT_EQ(PixelsOf(LoadFile(path)), (std::vector<uint32_t>{0xFF102030u, 0xFF405060u}));
-    ASSERT_EQ(Bitmap::SaveAnimatedGif(DirEntry(SString(dir.File("o.gif").c_str())), {opaque, opaque}, 5), ERR_OK);
+    ASSERT_EQ(Bitmap::SaveAnimatedGif(Entry(dir.File("o.gif")), {opaque, opaque}, 5), ERR_OK);
     Bitmap keyed = test::NoisyBitmap(2, 1);
     keyed.MakeTransparent(opaque, 0x302010ul);
     EXPECT_EQ(PixelsOf(keyed)[0], 0u);
     EXPECT_FALSE(opaque.IsGdiplusBitmap());
 
     Bitmap other = test::NoisyBitmap(3, 3);
-    ASSERT_EQ(other.Save(DirEntry(SString(path.c_str()))), ERR_OK);
+    ASSERT_EQ(other.Save(Entry(path)), ERR_OK);
     EXPECT_EQ(PixelsOf(LoadFile(path)), PixelsOf(other));
 }
 
@@ -91,7 +87,7 @@ TEST(BitmapFile, JpegStaysCloseToTheOriginal)
         return test::Argb(255, uint32_t(x * 4), uint32_t(y * 5), uint32_t((x + y) * 2));
     });
     for (const char* name : {"a.jpg", "b.JPEG"}) {
-        ASSERT_EQ(original.Save(DirEntry(SString(dir.File(name).c_str()))), ERR_OK);
+        ASSERT_EQ(original.Save(Entry(dir.File(name))), ERR_OK);
         const Bitmap back = LoadFile(dir.File(name));
         ASSERT_EQ(back.GetSize(), TamSize(64, 48));
         EXPECT_GT(Psnr(original, back), 38.0) << name;
@@ -112,7 +108,7 @@ TEST(BitmapFile, ExtensionChoosesBetweenSniffingAndBmp)
 {
     test::TempDir dir;
     Bitmap source = test::NoisyBitmap(5, 4);
-    ASSERT_EQ(source.Save(DirEntry(SString(dir.File("p.png").c_str()))), ERR_OK);
+    ASSERT_EQ(source.Save(Entry(dir.File("p.png"))), ERR_OK);
     const std::vector<uint8_t> png = ReadBytes(dir.File("p.png"));
     for (const char* name : {"x.jpg", "x.gif", "x.TIF"}) {
         WriteBytes(dir.File(name), png);
@@ -122,17 +118,15 @@ TEST(BitmapFile, ExtensionChoosesBetweenSniffingAndBmp)
         WriteBytes(dir.File(name), png);
         EXPECT_TRUE(LoadFile(dir.File(name)).Empty()) << name;
         // ... and writes BMP.
-        ASSERT_EQ(source.Save(DirEntry(SString(dir.File(name).c_str()))), ERR_OK) << name;
+        ASSERT_EQ(source.Save(Entry(dir.File(name))), ERR_OK) << name;
         EXPECT_EQ(ReadBytes(dir.File(name))[0], 'B') << name;
         EXPECT_EQ(PixelsOf(LoadFile(dir.File(name))), PixelsOf(source)) << name;
     }
-    ASSERT_EQ(source.Save(DirEntry(SString(dir.File("f.GIF").c_str()))), ERR_OK);
+    ASSERT_EQ(source.Save(Entry(dir.File("f.GIF"))), ERR_OK);
     EXPECT_EQ(ReadBytes(dir.File("f.GIF"))[0], 'G');
-    EXPECT_TRUE(Bitmap::IsValidExtension("JpEg"));
-    EXPECT_TRUE(Bitmap::IsValidExtension("bmp"));
-    EXPECT_TRUE(Bitmap::IsValidExtension("Tif"));
-    EXPECT_FALSE(Bitmap::IsValidExtension("ico"));
-    EXPECT_FALSE(Bitmap::IsValidExtension(""));
+    for (const char* ext : {"JpEg", "bmp", "Tif"})
+        EXPECT_TRUE(Bitmap::IsValidExtension(ext)) << ext;
+    EXPECT_FALSE(Bitmap::IsValidExtension("ico") || Bitmap::IsValidExtension(""));
     EXPECT_EQ(Bitmap::GetEncoderClsid(u"image/png"), ERR_OK);
     EXPECT_EQ(Bitmap::GetEncoderClsid(u"image/tiff"), ERR_OK);
     EXPECT_EQ(Bitmap::GetEncoderClsid(u"image/PNG"), ERR_FAILURE);
@@ -147,7 +141,7 @@ TEST(BitmapFile, DamagedFilesReadAsEmptyBitmaps)
     Bitmap source = test::NoisyBitmap(40, 30);
     for (const char* name : {"d.png", "d.jpg", "d.tif"}) {
         const std::string path = dir.File(name);
-        ASSERT_EQ(source.Save(DirEntry(SString(path.c_str()))), ERR_OK);
+        ASSERT_EQ(source.Save(Entry(path)), ERR_OK);
         const std::vector<uint8_t> whole = ReadBytes(path);
         for (size_t cut : {size_t(0), size_t(3), size_t(8), size_t(20), whole.size() / 2, whole.size() - 1}) {
             WriteBytes(path, std::vector<uint8_t>(whole.begin(), whole.begin() + std::ptrdiff_t(cut)));
@@ -219,22 +213,19 @@ std::vector<uint8_t> PngWithSize(const std::vector<uint8_t>& png, uint32_t w, ui
 TEST(BitmapFile, FailedSavesLeaveNothingBehind)
 {
     test::TempDir dir;
-    const std::string locked = dir.File("locked");
-    std::filesystem::create_directory(locked);
-    std::filesystem::permissions(locked, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
     Bitmap b = test::NoisyBitmap(4, 4);
-    if (::access(locked.c_str(), W_OK) != 0) { // root may write anywhere
-        EXPECT_EQ(b.Save(DirEntry(SString((locked + "/x.png").c_str()))), ERR_FAILURE);
+    if (const std::string locked = test::LockedFolder(dir); !locked.empty()) {
+        EXPECT_EQ(b.Save(Entry(locked + "/x.png")), ERR_FAILURE);
         EXPECT_TRUE(std::filesystem::is_empty(locked));
     }
-    std::filesystem::permissions(locked, std::filesystem::perms::owner_all);
+    test::Unlock(dir);
 
     // A failed save over an existing file keeps the old file whole.
     const std::string path = dir.File("keep.png");
-    ASSERT_EQ(b.Save(DirEntry(SString(path.c_str()))), ERR_OK);
+    ASSERT_EQ(b.Save(Entry(path)), ERR_OK);
     const std::vector<uint8_t> before = ReadBytes(path);
-    EXPECT_EQ(Bitmap().Save(DirEntry(SString(path.c_str()))), ERR_FAILURE);
-    EXPECT_EQ(b.Save(DirEntry(SString(dir.File("no/such/folder.png").c_str()))), ERR_FAILURE);
+    EXPECT_EQ(Bitmap().Save(Entry(path)), ERR_FAILURE);
+    EXPECT_EQ(b.Save(Entry(dir.File("no/such/folder.png"))), ERR_FAILURE);
     EXPECT_EQ(ReadBytes(path), before);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path()), {}), 2); // locked, keep.png
 }
@@ -247,24 +238,12 @@ TEST(BitmapFile, LargeFilesReadThroughTheMapping)
     Bitmap source = test::NoisyBitmap(9, 7);
     for (const char* name : {"big.tif", "big.jpg"}) {
         const std::string path = dir.File(name);
-        ASSERT_EQ(source.Save(DirEntry(SString(path.c_str()))), ERR_OK);
+        ASSERT_EQ(source.Save(Entry(path)), ERR_OK);
         const std::vector<uint32_t> small = PixelsOf(LoadFile(path));
         ASSERT_FALSE(small.empty());
         std::filesystem::resize_file(path, 16 * 1024 * 1024 + 1);
         EXPECT_EQ(PixelsOf(LoadFile(path)), small) << name;
     }
-}
-
-// An opaque view without a picture is saved through the picture made from it.
-TEST(BitmapFile, OpaqueViewIsSavedAsAPicture)
-{
-    test::TempDir dir;
-    const uint32_t pixels[4] = {0x00112233u, 0x80445566u, 0xFF778899u, 0x12AABBCCu};
-    Bitmap b(BitmapPixels{2, 2, 0, pixels, false});
-    ASSERT_FALSE(b.IsGdiplusBitmap());
-    ASSERT_EQ(b.Save(DirEntry(SString(dir.File("o.png").c_str()))), ERR_OK);
-    EXPECT_EQ(PixelsOf(LoadFile(dir.File("o.png"))),
-              (std::vector<uint32_t>{0xFF112233u, 0xFF445566u, 0xFF778899u, 0xFFAABBCCu}));
 }
 
 } // namespace

@@ -12,24 +12,11 @@
 
 #include <filesystem>
 
-#include <unistd.h>
-
 namespace vesk {
 namespace {
 
-DirEntry Entry(const std::string& path)
-{
-    return DirEntry(SString(path.c_str()));
-}
-
-// A folder the test cannot write into; empty when the process may write anywhere (root).
-std::string LockedFolder(const test::TempDir& dir)
-{
-    const std::string locked = dir.File("locked");
-    std::filesystem::create_directory(locked);
-    std::filesystem::permissions(locked, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-    return ::access(locked.c_str(), W_OK) == 0 ? std::string() : locked;
-}
+using test::Entry;
+using test::LockedFolder;
 
 TEST(BitmapWriters, IconFileFailureValues)
 {
@@ -43,7 +30,7 @@ TEST(BitmapWriters, IconFileFailureValues)
         EXPECT_FALSE(icon.SaveAsIcon(Entry(locked + "/i.ico")));
         EXPECT_TRUE(std::filesystem::is_empty(locked));
     }
-    std::filesystem::permissions(dir.File("locked"), std::filesystem::perms::owner_all);
+    test::Unlock(dir);
 }
 
 TEST(BitmapWriters, AnimatedGifNamingSkippingAndFailures)
@@ -72,7 +59,7 @@ TEST(BitmapWriters, AnimatedGifNamingSkippingAndFailures)
         EXPECT_EQ(Bitmap::SaveAnimatedGif(Entry(locked + "/a.gif"), frames, 10), ERR_FAILURE);
         EXPECT_TRUE(std::filesystem::is_empty(locked));
     }
-    std::filesystem::permissions(dir.File("locked"), std::filesystem::perms::owner_all);
+    test::Unlock(dir);
 }
 
 } // namespace

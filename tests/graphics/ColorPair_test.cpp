@@ -48,9 +48,9 @@ TEST(RGBAlpha, BytesMixAndPremultiply)
     part.MixTransparent(background);
     EXPECT_EQ(part, RGBAlpha(40, 80, 204, 51));
 
-    RGBAlpha p(200, 100, 50, 128);
+    RGBAlpha p(253, 100, 50, 128);
     p.PreMultiplyAlpha();
-    EXPECT_EQ(p, RGBAlpha(100, 50, 25, 128));
+    EXPECT_EQ(p, RGBAlpha(126, 50, 25, 128)); // 126.996 truncated
     RGBAlpha opaque(255, 254, 1, 255); // full alpha keeps every channel
     opaque.PreMultiplyAlpha();
     EXPECT_EQ(opaque, RGBAlpha(255, 254, 1, 255));

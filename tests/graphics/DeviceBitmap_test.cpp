@@ -2,8 +2,6 @@
 // bitmap brushes and textures.
 #include "graphics/GoldenImage.hpp"
 
-#include "graphics/DeviceContext.hpp"
-
 #include <vesk/graphics.hpp>
 
 #include <gtest/gtest.h>
@@ -21,11 +19,7 @@ Bitmap Picture(int32_t w, int32_t h, std::vector<uint32_t> premultiplied)
     return Bitmap(TamSize(w, h), std::move(premultiplied));
 }
 
-struct Canvas : VirtualDevice
-{
-    Canvas(int w, int h) : VirtualDevice(TamSize(w, h)) { Erase(CRectangle(0, 0, w - 1, h - 1), TamColor()); }
-    uint32_t At(int x, int y) { return test::At(GethDC()->surface, x, y); }
-};
+using test::Canvas;
 
 TEST(DeviceBitmap, DrawsOverWhatIsThereKeysAndScales)
 {

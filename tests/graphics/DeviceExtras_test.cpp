@@ -1,8 +1,6 @@
 // Arrows, grey edges, stretched wide text, font enumeration and metrics.
 #include "graphics/GoldenImage.hpp"
 
-#include "graphics/DeviceContext.hpp"
-
 #include <vesk/graphics.hpp>
 
 #include <gtest/gtest.h>
@@ -12,15 +10,15 @@
 namespace vesk {
 namespace {
 
-const TamColor kWhite;
+using test::Canvas;
 
 // The device's picture as rows of '#' (pixel differs from white) and '.'.
-std::string Picture(VirtualDevice& d, int w, int h)
+std::string Picture(Canvas& d, int w, int h)
 {
     std::string s;
     for (int y = 0; y < h; ++y) {
         for (int x = 0; x < w; ++x)
-            s += test::At(d.GethDC()->surface, x, y) == 0xFFFFFFFFu ? '.' : '#';
+            s += d.At(x, y) == 0xFFFFFFFFu ? '.' : '#';
         s += '\n';
     }
     return s;
@@ -28,8 +26,7 @@ std::string Picture(VirtualDevice& d, int w, int h)
 
 std::string ArrowPicture(int w, int h, ArrowDirection direction)
 {
-    VirtualDevice d(TamSize(w, h));
-    d.Erase(CRectangle(0, 0, w - 1, h - 1), kWhite);
+    Canvas d(w, h);
     d.DrawArrow(CRectangle(0, 0, w - 1, h - 1), direction, TamColor(0u));
     return Picture(d, w, h);
 }
@@ -59,8 +56,7 @@ TEST(Arrow, LargestCentredTriangleWithARightAngleAtItsTip)
 
 TEST(Arrow, GradientFillsOnlyTheTriangleAcrossTheWholeRectangle)
 {
-    VirtualDevice d(TamSize(9, 5));
-    d.Erase(CRectangle(0, 0, 8, 4), kWhite);
+    Canvas d(9, 5);
     RectGradient g{ColorPair(TamColor(0xFF0000u), TamColor(0x0000FFu))}; // blue down to red
     d.DrawArrowGradient(CRectangle(0, 0, 8, 4), ARROW_DOWN, g);
     EXPECT_EQ(Picture(d, 9, 5), "#########\n"
@@ -70,69 +66,54 @@ TEST(Arrow, GradientFillsOnlyTheTriangleAcrossTheWholeRectangle)
                                 "....#....\n");
     // The gradient runs down the rectangle (top edge to bottom edge, tiled beyond): the base
     // row is near the start colour, the middle row further on, and each row is one colour.
-    cairo_surface_t* s = d.GethDC()->surface;
-    const uint32_t base = test::At(s, 4, 0), middle = test::At(s, 4, 2);
+    const uint32_t base = d.At(4, 0), middle = d.At(4, 2);
     EXPECT_GT(base & 0xFF, middle & 0xFF);            // more blue at the top
     EXPECT_LT(base >> 16 & 0xFF, middle >> 16 & 0xFF); // more red further down
-    EXPECT_EQ(test::At(s, 0, 0), base);
-    EXPECT_EQ(test::At(s, 3, 3), test::At(s, 5, 3));
+    EXPECT_EQ(d.At(0, 0), base);
+    EXPECT_EQ(d.At(3, 3), d.At(5, 3));
 }
 
 TEST(GrayEdge, TwoRingsOfGreysMirroredWhenRaised)
 {
     auto ring = [](bool sunken) {
-        VirtualDevice d(TamSize(6, 6));
-        d.Erase(CRectangle(0, 0, 5, 5), kWhite);
+        Canvas d(6, 6);
         d.Erase(CRectangle(0, 0, 5, 5), TamColor(0x1E140Au));
         d.DrawGrayEdge(CRectangle(0, 0, 5, 5), sunken);
-        cairo_surface_t* s = d.GethDC()->surface;
-        return std::vector<uint32_t>{test::At(s, 0, 0), test::At(s, 5, 5), test::At(s, 1, 1), test::At(s, 4, 4),
-                                     test::At(s, 2, 2), test::At(s, 5, 0), test::At(s, 4, 1)};
+        return std::vector<uint32_t>{d.At(0, 0), d.At(5, 5), d.At(1, 1), d.At(4, 4), d.At(2, 2), d.At(5, 0), d.At(4, 1)};
     };
     // Corners where the two sides meet belong to the bottom and right edges.
     EXPECT_EQ(ring(true), (std::vector<uint32_t>{0xFF808080, 0xFFFFFFFF, 0xFF404040, 0xFFD4D0C8, 0xFF0A141E,
                                                  0xFFFFFFFF, 0xFFD4D0C8}));
     EXPECT_EQ(ring(false), (std::vector<uint32_t>{0xFFD4D0C8, 0xFF404040, 0xFFFFFFFF, 0xFF808080, 0xFF0A141E,
                                                   0xFF404040, 0xFF808080}));
-    VirtualDevice tiny(TamSize(2, 2));
-    tiny.Erase(CRectangle(0, 0, 1, 1), kWhite);
+    Canvas tiny(2, 2);
     tiny.DrawGrayEdge(CRectangle(0, 0, 1, 1));
-    EXPECT_EQ(test::At(tiny.GethDC()->surface, 0, 0), 0xFF808080u);
-    EXPECT_EQ(test::At(tiny.GethDC()->surface, 1, 1), 0xFFFFFFFFu);
+    EXPECT_EQ(tiny.At(0, 0), 0xFF808080u);
+    EXPECT_EQ(tiny.At(1, 1), 0xFFFFFFFFu);
     tiny.DrawGrayEdge(CRectangle(INT32_MIN, INT32_MIN, INT32_MAX - 1, INT32_MAX - 1)); // clamped, no overflow
 }
 
 TEST(StretchTextW, MatchesTheByteFormAndSpreadsToTheSpan)
 {
     ASSERT_TRUE(test::PinFonts());
-    VirtualDevice a(TamSize(160, 30)), b(TamSize(160, 30)), c(TamSize(160, 30));
-    for (VirtualDevice* d : {&a, &b, &c}) {
-        d->Erase(CRectangle(0, 0, 159, 29), kWhite);
+    Canvas a(160, 30), b(160, 30), c(160, 30), one(160, 30), p(160, 30), q(160, 30);
+    for (Canvas* d : {&a, &b, &c, &one, &p, &q})
         d->ChangeFont(Font("DejaVu Sans", 16));
-    }
     a.DrawStretchText(TamPoint(2, 2), "Wide text", 150);
     b.DrawStretchTextW(TamPoint(2, 2), UString("Wide text"), 150);
-    EXPECT_FALSE(test::CompareImages(a.GethDC()->surface, b.GethDC()->surface, 0).differing);
+    EXPECT_FALSE(test::CompareImages(a.Picture(), b.Picture(), 0).differing);
     // "AB" spread to 100 pixels: B starts at A's share of the span.
     c.DrawStretchTextW(TamPoint(0, 0), UString("AB"), 100);
-    VirtualDevice one(TamSize(160, 30));
-    one.Erase(CRectangle(0, 0, 159, 29), kWhite);
-    one.ChangeFont(Font("DejaVu Sans", 16));
     const int32_t wa = one.GetTextSizeW(UString("A")).Width(), wb = one.GetTextSizeW(UString("B")).Width();
     one.DrawTextW(TamPoint(0, 0), UString("A"));
     one.DrawTextW(TamPoint(int32_t(int64_t(wa) * 100 / (wa + wb)), 0), UString("B"));
-    EXPECT_FALSE(test::CompareImages(c.GethDC()->surface, one.GethDC()->surface, 0).differing);
+    EXPECT_FALSE(test::CompareImages(c.Picture(), one.Picture(), 0).differing);
     // A surrogate pair is one character (two halves would show two replacement marks).
     const char16_t pairX[] = {0xD835, 0xDD38, u'x', 0}, pair[] = {0xD835, 0xDD38, 0};
-    VirtualDevice p(TamSize(160, 30)), q(TamSize(160, 30));
-    for (VirtualDevice* d : {&p, &q}) {
-        d->Erase(CRectangle(0, 0, 159, 29), kWhite);
-        d->ChangeFont(Font("DejaVu Sans", 16));
-    }
     p.DrawStretchTextW(TamPoint(0, 0), UString(pairX));
     q.DrawTextW(TamPoint(0, 0), UString(pair));
     q.DrawTextW(TamPoint(q.GetTextSizeW(UString(pair)).Width(), 0), UString("x"));
-    EXPECT_FALSE(test::CompareImages(p.GethDC()->surface, q.GethDC()->surface, 0).differing);
+    EXPECT_FALSE(test::CompareImages(p.Picture(), q.Picture(), 0).differing);
     // A lone surrogate still draws without harm.
     const char16_t lone[] = {0xD800, u'x', 0};
     p.DrawStretchTextW(TamPoint(0, 0), UString(lone), 50);

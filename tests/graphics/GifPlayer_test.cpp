@@ -1,5 +1,6 @@
 // The player thread: composition with disposal, delays on a substituted clock, the stop
 // handshake, background changes and the first frame with its transparent colour.
+#include "graphics/FileBytes.hpp"
 #include "graphics/GoldenImage.hpp"
 #include "graphics/gif_builder.hpp"
 #include "support/TempDir.hpp"
@@ -12,7 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <condition_variable>
-#include <fstream>
 #include <mutex>
 #include <vector>
 
@@ -79,9 +79,8 @@ struct Movie
 {
     explicit Movie(const Bytes& gif)
     {
-        std::ofstream(dir.File("m.anm"), std::ios::binary)
-            .write(reinterpret_cast<const char*>(gif.data()), static_cast<std::streamsize>(gif.size()));
-        EXPECT_EQ(anim.Load(DirEntry(SString(dir.File("m.gif").c_str()))), 1);
+        test::WriteBytes(dir.File("m.anm"), gif);
+        EXPECT_EQ(anim.Load(test::Entry(dir.File("m.gif"))), 1);
         anim.SetClock(&clock);
     }
     test::TempDir dir;
@@ -106,19 +105,6 @@ Bytes FourFrames(uint8_t restore)
     Frame(gif, 0, 1, 1, 1, 90);
     gif_builder::GraphicControl(gif, 4, 0, 0);
     Frame(gif, 3, 1, 1, 1, 70);
-    gif.push_back(0x3B);
-    return gif;
-}
-
-Bytes ThreeFrames()
-{
-    Bytes gif = gif_builder::Header(4, 2);
-    gif_builder::GraphicControl(gif, 4, 3, 0);
-    Frame(gif, 0, 0, 4, 2, 10);
-    gif_builder::GraphicControl(gif, 8, 15, 0);
-    Frame(gif, 1, 0, 2, 1, 50);
-    gif_builder::GraphicControl(gif, 4, 0, 0);
-    Frame(gif, 0, 1, 1, 1, 90);
     gif.push_back(0x3B);
     return gif;
 }
@@ -156,7 +142,7 @@ TEST(GifPlayer, ComposesFramesWithDisposalAndWaitsInSteps)
 
 TEST(GifPlayer, StatesAndTheStopHandshake)
 {
-    Movie m(ThreeFrames());
+    Movie m(FourFrames(8));
     Recorder rec(m.clock);
     {
         GifPlayer player(m.anim);
@@ -176,7 +162,7 @@ TEST(GifPlayer, StatesAndTheStopHandshake)
             std::this_thread::yield();
         ASSERT_TRUE(player.Play(&rec));
         rec.WaitFor(before + 1);
-        EXPECT_EQ(rec.Shown(before), (std::vector<uint32_t>(8, 10)));
+        EXPECT_EQ(rec.Shown(before), (std::vector<uint32_t>{10, 11, 12, 13, 14, 15, 16, 17}));
         // The destructor stops a playing player.
     }
     {
@@ -225,15 +211,13 @@ TEST(GifPlayer, FirstFrameLeavesItsTransparentColourOut)
     Movie m(gif);
     GifPlayer player(m.anim);
     player.SetBackgroundTexture(Texture(TamColor(0xFF0000u))); // blue
-    VirtualDevice d(TamSize(5, 3));
-    d.Erase(CRectangle(0, 0, 4, 2), TamColor());
+    test::Canvas d(5, 3);
     ASSERT_TRUE(player.DrawFirstFrame(d, TamPoint(1, 1)));
-    cairo_surface_t* s = d.GethDC()->surface;
-    EXPECT_EQ(test::At(s, 1, 1), 0xFF0000FFu);
-    EXPECT_EQ(test::At(s, 2, 1), 0xFF1E1E1Eu);
-    EXPECT_EQ(test::At(s, 3, 1), 0xFF0000FFu);
-    EXPECT_EQ(test::At(s, 0, 1), 0xFFFFFFFFu); // outside the frame: untouched
-    EXPECT_EQ(test::At(s, 1, 0), 0xFFFFFFFFu);
+    EXPECT_EQ(d.At(1, 1), 0xFF0000FFu);
+    EXPECT_EQ(d.At(2, 1), 0xFF1E1E1Eu);
+    EXPECT_EQ(d.At(3, 1), 0xFF0000FFu);
+    EXPECT_EQ(d.At(0, 1), 0xFFFFFFFFu); // outside the frame: untouched
+    EXPECT_EQ(d.At(1, 0), 0xFFFFFFFFu);
 
     // Without the transparency flag the frame is drawn opaque.
     Bytes plain = gif_builder::Header(3, 1);
@@ -242,7 +226,7 @@ TEST(GifPlayer, FirstFrameLeavesItsTransparentColourOut)
     Movie p(plain);
     GifPlayer opaque(p.anim);
     ASSERT_TRUE(opaque.DrawFirstFrame(d, TamPoint(1, 1)));
-    EXPECT_EQ(test::At(s, 1, 1), 0xFF070707u);
+    EXPECT_EQ(d.At(1, 1), 0xFF070707u);
 
     GifAnimation none;
     GifPlayer nothing(none);

@@ -5,6 +5,10 @@
 // On a mismatch the actual picture and a difference picture are written next to the test
 // program; VESK_UPDATE_GOLDENS=1 rewrites the goldens instead.
 
+#include <vesk/graphics/VirtualDevice.hpp>
+
+#include "graphics/DeviceContext.hpp"
+
 #include <cairo.h>
 #include <gtest/gtest.h>
 
@@ -40,6 +44,14 @@ inline uint32_t At(cairo_surface_t* s, int x, int y)
     const unsigned char* row = cairo_image_surface_get_data(s) + size_t(y) * cairo_image_surface_get_stride(s);
     return reinterpret_cast<const uint32_t*>(row)[x];
 }
+
+// A device of w x h on opaque white, read as premultiplied ARGB words.
+struct Canvas : VirtualDevice
+{
+    Canvas(int w, int h) : VirtualDevice(TamSize(w, h)) { Erase(CRectangle(0, 0, w - 1, h - 1), TamColor()); }
+    cairo_surface_t* Picture() { return GethDC()->surface; }
+    uint32_t At(int x, int y) { return test::At(Picture(), x, y); }
+};
 
 // Compares two ARGB32 pictures; `diff`, when given, receives red where pixels differ.
 inline ImageDiff CompareImages(cairo_surface_t* a, cairo_surface_t* b, int tolerance,

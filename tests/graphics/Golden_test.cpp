@@ -1,7 +1,5 @@
 #include "graphics/GoldenImage.hpp"
 
-#include "graphics/DeviceContext.hpp"
-
 #include <vesk/graphics.hpp>
 
 #include <gtest/gtest.h>
@@ -18,18 +16,11 @@ const TamColor kGreen(0x00A000u);
 const TamColor kBlue(0xFF0000u);
 const TamColor kOrange(0x00A0FFu);
 
-// A device of w x h on opaque white.
-struct Scene
-{
-    Scene(int w, int h) : dev(TamSize(w, h)) { dev.Erase(CRectangle(0, 0, w - 1, h - 1), kWhite); }
-    cairo_surface_t* Picture() { return dev.GethDC()->surface; }
-    VirtualDevice dev;
-};
+using test::Canvas;
 
 TEST(Golden, PlainPrimitives)
 {
-    Scene s(160, 120);
-    OutputDevice& d = s.dev;
+    Canvas d(160, 120);
     d.ChangePen(Pen(kBlack));
     d.DrawLine(TamPoint(2, 2), TamPoint(40, 2));
     d.DrawLine(TamPoint(2, 6), TamPoint(40, 20));
@@ -57,13 +48,12 @@ TEST(Golden, PlainPrimitives)
     rgn.Union(CRectangle(80, 100, 110, 115));
     d.FillRgn(rgn, Brush(kGreen));
     d.FrameRgn(rgn, Brush(kBlack), 2);
-    EXPECT_TRUE(test::MatchesGolden(s.Picture(), "plain_primitives"));
+    EXPECT_TRUE(test::MatchesGolden(d.Picture(), "plain_primitives"));
 }
 
 TEST(Golden, HQPrimitives)
 {
-    Scene s(160, 120);
-    OutputDevice& d = s.dev;
+    Canvas d(160, 120);
     d.DrawLineHQ(FPoint(4, 4), FPoint(60, 20), TransparentColor(kBlue, 100), 3, LineCap::Round);
     d.DrawLineHQ(FPoint(4, 24), FPoint(60, 40), TransparentColor(kRed, 50), 6, LineCap::Flat);
     d.ChangePen(Pen(kGreen, 4));
@@ -81,14 +71,13 @@ TEST(Golden, HQPrimitives)
     d.DrawRoundRect(CRectangle(4, 96, 50, 116), 3, 6, TransparentColor(kBlue, 100), false);
     d.DrawRoundRect(CRectangle(54, 98, 96, 118), 6, 5, TransparentColor(kOrange, 100), true);
     d.DrawSplineHQ(FPolygon{{132, 80}, {145, 90}, {134, 100}, {156, 116}}, TransparentColor(kBlack, 100), 1.5);
-    EXPECT_TRUE(test::MatchesGolden(s.Picture(), "hq_primitives"));
+    EXPECT_TRUE(test::MatchesGolden(d.Picture(), "hq_primitives"));
 }
 
 TEST(Golden, TextInThreeSizesAndBothFamilies)
 {
     ASSERT_TRUE(kFontsPinned);
-    Scene s(260, 150);
-    OutputDevice& d = s.dev;
+    Canvas d(260, 150);
     int y = 2;
     for (int height : {10, 16, 26}) {
         Font f("DejaVu Sans", height);
@@ -112,13 +101,12 @@ TEST(Golden, TextInThreeSizesAndBothFamilies)
     d.ChangeFont(Font("DejaVu Serif", 13));
     d.DrawRotatedText(CRectangle(2, 100, 80, 148), "Turned", 30);
     d.DrawTextHQVertical(FPoint(240, 148), "Up");
-    EXPECT_TRUE(test::MatchesGolden(s.Picture(), "text", 8, 40));
+    EXPECT_TRUE(test::MatchesGolden(d.Picture(), "text", 8, 40));
 }
 
 TEST(Golden, GradientsOfEachKind)
 {
-    Scene s(160, 80);
-    OutputDevice& d = s.dev;
+    Canvas d(160, 80);
     const ColorPair pair(kRed, kBlue);
     d.Erase(CRectangle(2, 2, 36, 36), RectGradient(pair));
     d.Erase(CRectangle(40, 2, 74, 36), HorizontalGradient(pair));
@@ -134,13 +122,12 @@ TEST(Golden, GradientsOfEachKind)
     d.DrawEllipse(CRectangle(78, 40, 112, 76));
     d.ChangeBackgroundTexture(Texture(DiagonalGradient(pair), 50));
     d.Erase(CRectangle(116, 40, 150, 76));
-    EXPECT_TRUE(test::MatchesGolden(s.Picture(), "gradients"));
+    EXPECT_TRUE(test::MatchesGolden(d.Picture(), "gradients"));
 }
 
 TEST(Golden, ClipRegionLimitsBothFamilies)
 {
-    Scene s(80, 60);
-    OutputDevice& d = s.dev;
+    Canvas d(80, 60);
     Region clip(CRectangle(0, 0, 39, 29));
     clip.Union(CRectangle(50, 30, 79, 59));
     d.ChangeClipRegion(clip);
@@ -149,7 +136,7 @@ TEST(Golden, ClipRegionLimitsBothFamilies)
     d.DrawLineHQ(FPoint(0, 59), FPoint(79, 0), TransparentColor(kRed, 100), 4, LineCap::Flat);
     d.ChangeClipRegion();
     d.DrawLine(TamPoint(0, 30), TamPoint(80, 30));
-    EXPECT_TRUE(test::MatchesGolden(s.Picture(), "clip"));
+    EXPECT_TRUE(test::MatchesGolden(d.Picture(), "clip"));
 }
 
 } // namespace

@@ -56,24 +56,27 @@ TEST(CodePage, CountsIncludeTheZeroOnlyForTerminatedSources)
     EXPECT_EQ(WideToMultiByte(1252, u"abc", 2, out, sizeof out), 2);
 }
 
-TEST(CodePage, ConvertsEachSupportedPage)
+TEST(CodePage, ConvertsEachSupportedPageBothWays)
 {
-    EXPECT_EQ(DecodeAll(1252, "\x80\xE9\x9F").text, u"\u20AC\u00E9\u0178");
-    EXPECT_EQ(DecodeAll(0, "\x80\xE9").text, u"\u20AC\u00E9");
-    EXPECT_EQ(DecodeAll(1250, "\x8A\xE8").text, u"\u0160\u010D");
-    EXPECT_EQ(DecodeAll(1251, "\xC6\xFF").text, u"\u0416\u044F");
-    EXPECT_EQ(DecodeAll(1253, "\xC8\xE1").text, u"\u0398\u03B1");
-    EXPECT_EQ(DecodeAll(1254, "\xD0\xFE").text, u"\u011E\u015F");
-    // Bytes where each Windows page differs from its ISO-8859 neighbour.
-    EXPECT_EQ(DecodeAll(1250, "\x80\xA1").text, u"\u20AC\u02C7");
-    EXPECT_EQ(DecodeAll(1251, "\x80\xA1").text, u"\u0402\u040E");
-    EXPECT_EQ(DecodeAll(1253, "\x80\xA2").text, u"\u20AC\u0386");
-    EXPECT_EQ(DecodeAll(1254, "\x80\x8A").text, u"\u20AC\u0160");
-    EXPECT_EQ(EncodeAll(1254, u"\u20AC\u0160"), "\x80\x8A");
-    EXPECT_EQ(EncodeAll(1251, u"\u0416\u044F"), "\xC6\xFF");
-    EXPECT_EQ(EncodeAll(0, u"\u20AC"), "\x80");
-    EXPECT_EQ(EncodeAll(65001, u"\U0001F600"), "\xF0\x9F\x98\x80");
-    EXPECT_EQ(DecodeAll(65001, "\xF0\x9F\x98\x80").text, u"\U0001F600");
+    // Each page with letters of its own and bytes where it differs from its ISO-8859 neighbour.
+    const struct {
+        unsigned int page;
+        std::string bytes;
+        std::u16string text;
+    } cases[] = {
+        {1252, "\x80\xE9\x9F", u"\u20AC\u00E9\u0178"},
+        {0, "\x80\xE9", u"\u20AC\u00E9"},
+        {1250, "\x8A\xE8\x80\xA1", u"\u0160\u010D\u20AC\u02C7"},
+        {1251, "\xC6\xFF\x80\xA1", u"\u0416\u044F\u0402\u040E"},
+        {1253, "\xC8\xE1\x80\xA2", u"\u0398\u03B1\u20AC\u0386"},
+        {1254, "\xD0\xFE\x80\x8A", u"\u011E\u015F\u20AC\u0160"},
+        {65001, "\xF0\x9F\x98\x80", u"\U0001F600"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.page);
+        EXPECT_EQ(DecodeAll(c.page, c.bytes).text, c.text);
+        EXPECT_EQ(EncodeAll(c.page, c.text), c.bytes);
+    }
 }
 
 TEST(CodePage, FailsWithZero)

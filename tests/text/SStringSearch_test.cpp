@@ -5,13 +5,6 @@
 using namespace vesk;
 using namespace vesk::test;
 
-TEST(SStringSearch, SearchFromEndIgnoresCaseOnlyForLongerPatterns)
-{
-    // One character is searched case-sensitively whatever noCase says.
-    EXPECT_EQ(SString("xa").SearchFromEnd("A", true), STRING_NOTFOUND);
-    EXPECT_EQ(SString("zxa").SearchFromEnd("XA", true), 1u);
-}
-
 TEST(SStringSearch, LongTextsWithManyNearMatches)
 {
     std::string text(100000, 'a');
@@ -23,7 +16,8 @@ TEST(SStringSearch, LongTextsWithManyNearMatches)
     EXPECT_EQ(s.SearchBackward("ba", 100001), STRING_NOTFOUND);
 }
 
-// Match, Search and the zero rules are checked against the model in SStringModel_test.
+// Match, the searches (also SearchFromEnd's case rule) and the zero rules are checked against
+// the model in SStringModel_test.
 TEST(SStringSearch, IMatchAndNoCaseComparisons)
 {
     EXPECT_EQ(SString("abc").Search(static_cast<const char*>(nullptr)), STRING_NOTFOUND);
@@ -33,17 +27,12 @@ TEST(SStringSearch, IMatchAndNoCaseComparisons)
     EXPECT_EQ(SString("abX").ICompare("ABy", 2), COMPARE_EQUAL);
 }
 
-TEST(SStringSearch, TokensAreStrippedAndKeepTheFlag)
+// Token texts and positions are checked against the model; a whole-text token is the record.
+TEST(SStringSearch, WholeTextTokenSharesTheRecord)
 {
     SString whole("abc");
     whole.SetIsUTF8();
     EXPECT_TRUE(SharesRecord(whole.GetToken(0, ','), whole));
-    EXPECT_EQ(SString("a,b,").GetTokenPos(2, ','), 0u);
-    const std::vector<SString> tokens = SString(" a , b ").GetAllTokens(',');
-    ASSERT_EQ(tokens.size(), 2u);
-    EXPECT_EQ(tokens[0], "a");
-    EXPECT_EQ(tokens[1], "b");
-    EXPECT_TRUE(SString().GetAllTokens(',').empty());
 }
 
 TEST(SStringSearch, ClassifiersTestSignedBytes)

@@ -80,21 +80,17 @@ TEST(UStringConstruct, SubstringsOfWideText)
     EXPECT_EQ(Text(UString(std::u16string(u"a\0b", 3))), std::u16string(u"a\0b", 3));
 }
 
+// The digits are SString's (SStringNumbers_test); these check that they arrive widened.
 TEST(UStringConstruct, NumbersAsDecimalText)
 {
-    EXPECT_EQ(Text(UString(short(-32768))), u"-32768");
     EXPECT_EQ(Text(UString(-5, 4)), u"00-5");
-    EXPECT_EQ(Text(UString(4000000000u)), u"4000000000");
-    EXPECT_EQ(Text(UString(3.5)), u"3.500000");
     EXPECT_EQ(Text(UString(UINT64_MAX)), u"18446744073709551615");
-
     UString s(u"n=");
     s += short(-1);
     s += uint64_t(5);
     s += 0.25;
     s += -3LL;
     EXPECT_EQ(Text(s), u"n=-15" u"0.250000-3");
-    EXPECT_EQ(Text(UString(1ULL << 40)), u"1099511627776");
 }
 
 TEST(UStringAppend, TextCharactersAndSeparators)

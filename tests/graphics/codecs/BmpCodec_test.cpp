@@ -114,7 +114,7 @@ PixelImage RoundTrip(const PixelImage& image, uint16_t expectBits)
 
 TEST(BmpCodec, OpaquePicturesRoundTripAs24Bits)
 {
-    for (int32_t width : {1, 2, 3, 5, 8}) {
+    for (int32_t width : {1, 2, 3, 4}) { // every row padding
         PixelImage image{width, 3, {}};
         for (int32_t i = 0; i < width * 3; ++i)
             image.pixels.push_back(0xFF000000u | uint32_t(i * 0x10305 + 0x20B0C0) % 0x1000000);
@@ -141,21 +141,9 @@ TEST(BmpCodec, EveryPremultipliedPixelRoundTripsThrough32Bits)
         ASSERT_EQ(back.pixels[i], image.pixels[i]) << std::hex << image.pixels[i];
     // A damaged premultiplied pixel (channel above alpha) reads as 255, not beyond.
     EXPECT_EQ(vesk::codecs::StraightPixel(0x80FF0000u), 0x80FF0000u);
-}
-
-TEST(BmpCodec, WhollyTransparentPicturesStayTransparent)
-{
-    // The alpha mask in the written header is what keeps these from reading as opaque.
+    // The alpha mask in the written header is what keeps a clear picture from reading as opaque.
     const PixelImage clear{3, 2, std::vector<uint32_t>(6, 0)};
     EXPECT_EQ(RoundTrip(clear, 32).pixels, clear.pixels);
-}
-
-TEST(BmpCodec, PicturesThatCannotBeWrittenAreRefused)
-{
-    Bytes file;
-    EXPECT_FALSE(kBmpCodec.encode(PixelImage{}, file));
-    EXPECT_FALSE(kBmpCodec.encode(PixelImage{2, 2, {1, 2, 3}}, file));
-    EXPECT_TRUE(file.empty());
 }
 
 TEST(BmpCodec, ReadsPalettedDepthsBottomUpAndTopDown)
@@ -281,11 +269,11 @@ TEST(BmpCodec, RefusesDamagedTruncatedAndHugeFiles)
     // A run-length stream that stops before the picture ends.
     BmpFile cut{.width = 4, .height = 4, .bits = 8, .compression = 1, .palette = {1}, .pixels = {4, 0, 0, 0, 4, 0}};
     ExpectRejected(cut.Build());
-}
 
-TEST(BmpCodec, SniffsTheSignature)
-{
+    Bytes out;
+    EXPECT_FALSE(kBmpCodec.encode(PixelImage{}, out));
+    EXPECT_FALSE(kBmpCodec.encode(PixelImage{2, 2, {1, 2, 3}}, out));
+    EXPECT_TRUE(out.empty());
     EXPECT_TRUE(kBmpCodec.sniff(Bytes{'B', 'M', 0}));
-    EXPECT_FALSE(kBmpCodec.sniff(Bytes{'B'}));
-    EXPECT_FALSE(kBmpCodec.sniff(Bytes{'G', 'I', 'F'}));
+    EXPECT_FALSE(kBmpCodec.sniff(Bytes{'B'}) || kBmpCodec.sniff(Bytes{'G', 'I', 'F'}));
 }

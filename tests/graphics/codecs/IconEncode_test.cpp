@@ -45,26 +45,6 @@ TEST(IconEncode, SmallIconIsLaidOutByteForByte)
     EXPECT_EQ(Icon(image), expected);
 }
 
-TEST(IconEncode, SixteenPixelIconHasTheDocumentedSizes)
-{
-    PixelImage image{16, 16, std::vector<uint32_t>(256, 0xFF204080)};
-    image.pixels[17] = 0xFFFF00FF;
-    image.pixels[18] = 0x00000000;
-    const Bytes file = Icon(image);
-    // 16 mask rows of 2 bytes padded to 4.
-    ASSERT_EQ(file.size(), 6u + 16 + 40 + 1024 + 64);
-    EXPECT_EQ(Le32(file, 14), 1024u + 64 + 40); // bytes in resource
-    EXPECT_EQ(Le32(file, 18), 22u);              // image offset
-    EXPECT_EQ(Le32(file, 22 + 8), 32u);          // height field: colour and mask
-    EXPECT_EQ(Le32(file, 22 + 20), 1024u + 64);  // image size
-    // Pixel (1, 1) lies in the 15th stored colour row; (2, 1) is transparent in the mask.
-    const size_t row14 = 62 + 14 * 64;
-    EXPECT_EQ(Le32(file, row14), 0xFF204080u);
-    EXPECT_EQ(Le32(file, row14 + 4), 0u);
-    EXPECT_EQ(Le32(file, row14 + 8), 0u);
-    EXPECT_EQ(file[62 + 1024 + 14 * 4], 0x20);
-}
-
 TEST(IconEncode, MagentaScanAlsoCoversMaskBytesAcrossRows)
 {
     // Each 16-pixel mask row is 2 bytes: FF 00 then FF 00 read as the word 0x00FF00FF, which
